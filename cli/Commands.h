@@ -1,0 +1,20 @@
+#pragma once
+// The subcommands of qdf; each lives in its own cmd_*.cpp.
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "Cli.h"
+
+namespace qdf::cli {
+
+struct Command {
+    const char* name;
+    int (*run)(const std::vector<std::string>& args, Io io);
+};
+
+// Every subcommand that this build carries (defined in cmd_table.cpp).
+std::span<const Command> commands();
+
+}  // namespace qdf::cli
