@@ -6,12 +6,13 @@
 #include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 namespace qdf {
 
 class Value {
-public:
-    enum class Kind { Empty, Bool, Int16, Int32, Float, Double, String };
+  public:
+    enum class Kind { Empty, Bool, Int16, Int32, Float, Double, String, StringArray };
 
     Value() = default;
     Value(bool v) : v_(v) {}
@@ -21,26 +22,40 @@ public:
     Value(double v) : v_(v) {}
     Value(std::string v) : v_(std::move(v)) {}
     Value(const char* v) : v_(std::string(v)) {}
+    // A device's enumeration list arrives as an array of "code:text" strings.
+    Value(std::vector<std::string> v) : v_(std::move(v)) {}
 
     Kind kind() const { return static_cast<Kind>(v_.index()); }
     bool isEmpty() const { return kind() == Kind::Empty; }
     bool isString() const { return kind() == Kind::String; }
-    bool isNumber() const { return !isEmpty() && !isString(); }
+    bool isNumber() const { return !isEmpty() && !isString() && kind() != Kind::StringArray; }
 
     // Numeric view; a bool is -1 or 0 as in the store's 16-bit form; a string or empty gives 0.
     double toDouble() const {
         switch (kind()) {
-            case Kind::Bool: return std::get<bool>(v_) ? -1.0 : 0.0;
-            case Kind::Int16: return std::get<std::int16_t>(v_);
-            case Kind::Int32: return std::get<std::int32_t>(v_);
-            case Kind::Float: return std::get<float>(v_);
-            case Kind::Double: return std::get<double>(v_);
-            default: return 0.0;
+            case Kind::Bool:
+                return std::get<bool>(v_) ? -1.0 : 0.0;
+            case Kind::Int16:
+                return std::get<std::int16_t>(v_);
+            case Kind::Int32:
+                return std::get<std::int32_t>(v_);
+            case Kind::Float:
+                return std::get<float>(v_);
+            case Kind::Double:
+                return std::get<double>(v_);
+            default:
+                return 0.0;
         }
     }
     const std::string& str() const {
         static const std::string empty;
         return isString() ? std::get<std::string>(v_) : empty;
+    }
+
+    bool isStringArray() const { return kind() == Kind::StringArray; }
+    const std::vector<std::string>& strings() const {
+        static const std::vector<std::string> empty;
+        return isStringArray() ? std::get<std::vector<std::string>>(v_) : empty;
     }
 
     template <class T>
@@ -50,8 +65,10 @@ public:
 
     friend bool operator==(const Value&, const Value&) = default;
 
-private:
-    std::variant<std::monostate, bool, std::int16_t, std::int32_t, float, double, std::string> v_;
+  private:
+    std::variant<std::monostate, bool, std::int16_t, std::int32_t, float, double, std::string,
+                 std::vector<std::string>>
+        v_;
 };
 
 }  // namespace qdf
