@@ -7,7 +7,7 @@
 // module never deletes them. Parameter writers are handed out as shared pointers, one fresh
 // writer per request.
 //
-// Failures: a frame call that fails throws qdf::sdk::SDKError; no call returns an error code.
+// Failures: a frame call that fails throws SDKError; no call returns an error code.
 // All calls happen on the user interface thread, and a frame may call back into the module
 // (observer updates) from inside any of them.
 
@@ -19,10 +19,13 @@
 
 #include "Value.h"
 
-namespace qdf::sdk {
+// The interfaces live in the global namespace, as the store and other plain code forward-declare
+// them there; the constants are in qdf::sdk.
 
 class ISDKAsyncStatus;
 class ISDKObserverCallback;
+
+namespace qdf::sdk {
 
 // The single status value this module and the frame exchange for consent.
 inline constexpr std::int32_t kSDKStatusOk = 4;
@@ -43,6 +46,8 @@ inline constexpr std::int32_t kMessageButtonsYesNo = 5;
 inline constexpr std::int32_t kMessageAnswerOk = 4;
 inline constexpr std::int32_t kMessageAnswerYes = 6;
 inline constexpr std::int32_t kMessageAnswerNo = 7;
+
+}  // namespace qdf::sdk
 
 // Raised by a frame call that fails.
 class SDKError : public std::runtime_error {
@@ -125,5 +130,3 @@ class ISDKManager {
     // The manager's second interface.
     virtual ISDKMessageService* SDKMessageService() = 0;
 };
-
-}  // namespace qdf::sdk

@@ -8,8 +8,6 @@
 #include "SDKFrame.h"
 #include "Value.h"
 
-namespace qdf::sdk {
-
 class ISDKBusinessObject;
 
 // The outcome of an asynchronous request: empty, a plain value, or one of the frame's objects
@@ -45,8 +43,8 @@ class ISDKObserverCallback {
                                              const qdf::Value& varNewValue) = 0;
 };
 
-// The module as the frame calls it. Status results are kSDKStatusOk; 16-bit booleans are 0 or
-// -1. The frame calls ISDKModule_OnConnectionStatusChange before ISDKModule_Initialize.
+// The module as the frame calls it. Status results are qdf::sdk::kSDKStatusOk; 16-bit booleans are
+// 0 or -1. The frame calls ISDKModule_OnConnectionStatusChange before ISDKModule_Initialize.
 class ISDKModule {
   public:
     virtual ~ISDKModule() = default;
@@ -74,15 +72,13 @@ class ISDKModule {
     virtual void* View() = 0;
 };
 
-}  // namespace qdf::sdk
-
 // The module's shared library exports these two functions with C linkage. A frame resolves them
 // by name (kCreateModuleSymbol, kDestroyModuleSymbol), creates one module per hosting, with
 // parentWidget a QWidget* (or null) passed as void*, and hands the module back to
 // qdf_destroy_module after ISDKModule_QueryDisconnect; the frame never deletes it itself.
 extern "C" {
-qdf::sdk::ISDKModule* qdf_create_module(void* parentWidget);
-void qdf_destroy_module(qdf::sdk::ISDKModule* module);
+ISDKModule* qdf_create_module(void* parentWidget);
+void qdf_destroy_module(ISDKModule* module);
 }
 
 namespace qdf::sdk {
