@@ -2,9 +2,14 @@
 
 namespace qdf::cli {
 
+// Each defined in its own cmd_*.cpp.
+int cmdDefaults(const std::vector<std::string>& args, Io io);
+
 std::span<const Command> commands() {
-    static const Command table[] = {{"", nullptr}};
-    return {table, 0};
+    static const Command table[] = {
+        {"defaults", cmdDefaults},
+    };
+    return table;
 }
 
 }  // namespace qdf::cli
