@@ -205,7 +205,7 @@ class IniSections {
 // - in a section, "key=value" splits at the first "="; a line without "=" or starting with it
 //   is dropped; blanks around the "=" belong to key and value; a later line with the same key
 //   replaces the value.
-// Returns false when the text cannot be read to its end; what was read until then stays.
+// Returns false, adding nothing, when the text cannot be read to its end.
 bool ReadIniText(std::istream& in, IniSections& out);
 
 // The same for a file; false when it cannot be opened or read.
