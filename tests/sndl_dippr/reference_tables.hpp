@@ -11,6 +11,7 @@
 #define TESTS_SNDL_DIPPR_REFERENCE_TABLES_HPP
 
 #include <cstdint>
+#include <ostream>
 
 enum class Quantity { kVp, kLdnMass, kLvs, kVvs, kIcp };
 
@@ -224,5 +225,13 @@ inline constexpr GergCheck kGergChecks[] = {
     {"argon", 914, 300, 20000000, 8.41023137613, 0.953380186199},
 };
 // clang-format on
+
+// Named rows in test output instead of raw bytes.
+inline void PrintTo(const CorrelationCheck& c, std::ostream* os) {
+    *os << c.compound << " at " << c.T_K << " K";
+}
+inline void PrintTo(const GergCheck& c, std::ostream* os) {
+    *os << c.component << " at " << c.T_K << " K, " << c.P_Pa << " Pa";
+}
 
 #endif
