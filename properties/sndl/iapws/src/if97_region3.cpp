@@ -23,12 +23,16 @@ constexpr int kJmax = MaxJ(kF);
 
 }  // namespace
 
+// The terms of delta f_delta reach tens while their sum can be 0.1 on the liquid side, so the
+// pressure is summed in extended precision; in double it would carry noise of about 1e-12.
 double Region3Pressure(double rho, double T) {
     const double delta = rho / kRhoc;
-    const Powers<-1, kImax> d(delta);
+    const Powers<0, kImax> d(delta);
     const Powers<0, kJmax> t(kTc / T);
-    const double fd = kLog / delta + Sum(kFd, d.zero(), t.zero());
-    return rho * kR * T * delta * fd;
+    long double dfd = kLog;
+    for (const Term& term : kFd)
+        dfd += static_cast<long double>(term.n) * d.zero()[term.I] * t.zero()[term.J] * delta;
+    return static_cast<double>(rho * kR * T * dfd);
 }
 
 State Region3(double rho, double T) {
@@ -236,30 +240,33 @@ double Region3Density(double T, double p, Side side) {
     double rho = 1.0 / Region3BackwardVolume(Region3Subregion(T, p, side), T, p);
     if (!(rho > 0.0) || !std::isfinite(rho)) return NAN;
 
-    // At fixed T, delta f_delta is a polynomial in delta: group the terms by I once.
+    // At fixed T, delta f_delta is a polynomial in delta: group the terms by I once. The
+    // residual is summed in extended precision (see Region3Pressure) so that the root is found
+    // to the last bit rather than to the noise of the sum.
     const Powers<0, kJmax> t(kTc / T);
-    double c[kImax + 1] = {};
-    for (const Term& term : kF) c[term.I] += term.n * t.zero()[term.J];
-    double a1[kImax + 1];  // I c_I: delta f_delta = kLog + sum a1 delta^I
-    double a2[kImax + 1];  // I (I - 1) c_I: delta^2 f_deltadelta = -kLog + sum a2 delta^I
+    long double c[kImax + 1] = {};
+    for (const Term& term : kF) c[term.I] += static_cast<long double>(term.n) * t.zero()[term.J];
+    long double a1[kImax + 1];  // I c_I: delta f_delta = kLog + sum a1 delta^I
+    double a2[kImax + 1];       // I (I - 1) c_I: delta^2 f_deltadelta = -kLog + sum a2 delta^I
     for (int i = 0; i <= kImax; ++i) {
         a1[i] = i * c[i];
-        a2[i] = i * (i - 1) * c[i];
+        a2[i] = static_cast<double>(i * (i - 1) * c[i]);
     }
 
     const double RT = kR * T;
     for (int it = 0; it < 50; ++it) {
         const double delta = rho / kRhoc;
-        double s1 = a1[kImax];
+        long double s1 = a1[kImax];
         double s2 = a2[kImax];
         for (int i = kImax - 1; i >= 1; --i) {
             s1 = s1 * delta + a1[i];
             s2 = s2 * delta + a2[i];
         }
-        const double dfd = kLog + s1 * delta;
+        const long double dfdl = kLog + s1 * delta;
+        const double dfd = static_cast<double>(dfdl);
         const double d2fdd = -kLog + s2 * delta;
-        const double r = p - rho * RT * dfd;
-        if (std::fabs(r) <= 1e-14 * p) break;
+        const double r = static_cast<double>(p - rho * RT * dfdl);
+        if (std::fabs(r) <= 1e-15 * p) break;
         const double slope = RT * (2.0 * dfd + d2fdd);
         if (!(slope > 0.0)) break;  // at or beyond a spinodal: keep the last density
         double step = r / slope;
