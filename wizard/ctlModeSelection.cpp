@@ -1,0 +1,133 @@
+#include "ctlModeSelection.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "PageSupport.h"
+#include "TVRQDFFCWMain.h"
+#include "clsExGlobalVars.h"
+
+using namespace qdf::wizard;
+
+ctlModeSelection::ctlModeSelection(QWidget* parent) : ctlPage(parent) {
+    setObjectName(QStringLiteral("ctlModeSelection1"));
+    auto* grid = new QGridLayout(this);
+
+    std::vector<QLabel*> autoLabels, basicLabels;
+    frameAuto =
+        SequenceFrame(this, QStringLiteral("frameAuto"), AutoSequenceSteps(QString()), &autoLabels);
+    frameBasic = SequenceFrame(this, QStringLiteral("frameBasic"), BasicSequenceSteps(QString()),
+                               &basicLabels);
+    grid->addWidget(frameAuto, 0, 0, 2, 1);
+    grid->addWidget(frameBasic, 0, 0, 2, 1);
+    BlinkTimerAuto = new BlinkTimer(QStringLiteral("BlinkTimerAuto"), autoLabels.front(), this);
+    BlinkTimerBasic = new BlinkTimer(QStringLiteral("BlinkTimerBasic"), basicLabels.front(), this);
+
+    auto* right = new QVBoxLayout;
+    auto* title = new QLabel(QStringLiteral("FLOW CONFIGURATION MODE"), this);
+    title->setObjectName(QStringLiteral("lblTitle"));
+    right->addWidget(title);
+    auto* label1 = new QLabel(QStringLiteral("Welcome to flow configuration  wizard. Please select "
+                                             "flow configuration mode and click next."),
+                              this);
+    label1->setObjectName(QStringLiteral("Label1"));
+    label1->setWordWrap(true);
+    right->addWidget(label1);
+    auto* label3 = new QLabel(QStringLiteral("WARNING"), this);
+    label3->setObjectName(QStringLiteral("Label3"));
+    right->addWidget(label3);
+    auto* label4 = new QLabel(
+        QStringLiteral("The use of inapproriate materials can result in the leakage of corrosive "
+                       "process fluids and cause injury to personnel and/or damage to plant "
+                       "facilities. Check wetted parts material and transmitter fill fluid for "
+                       "compatibility with the intended process fluid."),
+        this);
+    label4->setObjectName(QStringLiteral("Label4"));
+    label4->setWordWrap(true);
+    right->addWidget(label4);
+    optAutoCompMode = new QRadioButton(QStringLiteral("Auto Compensation Mode"), this);
+    optAutoCompMode->setObjectName(QStringLiteral("optAutoCompMode"));
+    optBasicMode = new QRadioButton(QStringLiteral("Basic Mode"), this);
+    optBasicMode->setObjectName(QStringLiteral("optBasicMode"));
+    right->addWidget(optAutoCompMode);
+    right->addWidget(optBasicMode);
+    right->addStretch();
+    grid->addLayout(right, 0, 1);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    cmdBack = new QPushButton(QStringLiteral("< Back"), this);
+    cmdBack->setObjectName(QStringLiteral("cmdBack"));
+    cmdNext = new QPushButton(QStringLiteral("Next >"), this);
+    cmdNext->setObjectName(QStringLiteral("cmdNext"));
+    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
+    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
+    buttons->addWidget(cmdBack);
+    buttons->addWidget(cmdNext);
+    buttons->addWidget(cmdCancel);
+    grid->addLayout(buttons, 1, 1);
+
+    connect(optAutoCompMode, &QRadioButton::clicked, this, [this] { ShowMode(false); });
+    connect(optBasicMode, &QRadioButton::clicked, this, [this] { ShowMode(true); });
+    connect(cmdNext, &QPushButton::clicked, this, &ctlModeSelection::cmdNext_Click);
+    connect(cmdBack, &QPushButton::clicked, this, &ctlModeSelection::cmdBack_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &ctlModeSelection::cmdCancel_Click);
+}
+
+qdf::clsExGlobalVars* ctlModeSelection::Initialize(qdf::clsExGlobalVars* store) {
+    ctlPage::Initialize(store);
+    UpdateImportedVars();
+    return store_;
+}
+
+void ctlModeSelection::StopBlink() {
+    BlinkTimerAuto->Stop();
+    BlinkTimerBasic->Stop();
+}
+
+void ctlModeSelection::Terminate() {
+    StopBlink();
+    ctlPage::Terminate();
+}
+
+void ctlModeSelection::UpdateImportedVars() {
+    if (!store_) return;
+    // Any mode other than Basic reads as Auto Compensation.
+    ShowMode(store_->Xmtr_SimpleFlowCalcMode == 1);
+}
+
+void ctlModeSelection::ShowMode(bool basic) {
+    optBasicMode->setChecked(basic);
+    optAutoCompMode->setChecked(!basic);
+    if (basic) {
+        BlinkTimerBasic->start();
+        BlinkTimerAuto->Stop();
+    } else {
+        BlinkTimerAuto->start();
+        BlinkTimerBasic->Stop();
+    }
+    frameAuto->setVisible(!basic);
+    frameBasic->setVisible(basic);
+}
+
+void ctlModeSelection::cmdNext_Click() {
+    if (!store_) return;
+    if (optAutoCompMode->isChecked()) {
+        store_->Xmtr_SimpleFlowCalcMode = 0;
+        store_->UI_NeverUsedRecord = 0;
+        if (Main()) Main()->SwitchToPrimaryElementSetup();
+    } else {
+        store_->Xmtr_SimpleFlowCalcMode = 1;
+        store_->UI_NeverUsedRecord = 1;
+        if (Main()) Main()->SwitchToSetupMode();
+    }
+}
+
+void ctlModeSelection::cmdCancel_Click() {
+    CommonCancel(false);
+}

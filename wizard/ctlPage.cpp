@@ -1,0 +1,50 @@
+#include "ctlPage.h"
+
+#include "SDKFrame.h"
+#include "clsExGlobalVars.h"
+
+qdf::clsExGlobalVars* ctlPage::Initialize(qdf::clsExGlobalVars* store) {
+    store_ = store;
+    return store_;
+}
+
+void ctlPage::Terminate() {
+    store_ = nullptr;
+}
+
+TVRQDFFCWMain* ctlPage::Main() const {
+    return store_ ? store_->FCWMain : nullptr;
+}
+
+std::int32_t ctlPage::ShowMessage(const std::string& title, const std::string& text,
+                                  std::int32_t kind, std::int32_t buttons,
+                                  std::int32_t defaultButton) const {
+    if (!store_ || !store_->SDKManager) return 0;
+    ISDKMessageService* service = store_->SDKManager->SDKMessageService();
+    if (!service) return 0;
+    return service->ShowMessage(title, text, kind, buttons, defaultButton);
+}
+
+void ctlPage::CommonCancel(bool onApplyPage) {
+    if (!store_) return;
+    if (store_->Gbl_InitialDisplayCurrentValueFlag == 1) store_->Mgt_DisplayCurrentValueFlag = 1;
+    store_->Mgt_ConfigCompleteFlag = onApplyPage ? 1 : 0;
+    if (onApplyPage) store_->Gbl_ReadyToDownload = qdf::kTrue;
+    store_->ClearPageList();
+    store_->CurrentPage = 0;
+    // Nothing goes to the business object: inputs since the last Apply are dropped on purpose.
+    if (store_->SDKManager) store_->SDKManager->CloseModule(store_->moduleID);
+}
+
+std::string ctlPage::PopPageList() {
+    store_->PageList[store_->CurrentPage] = std::string();
+    if (store_->CurrentPage <= 0) return {};
+    --store_->CurrentPage;
+    return store_->PageList[store_->CurrentPage];
+}
+
+void ctlPage::PushPageList(const std::string& current, const std::string& next) {
+    store_->PageList[store_->CurrentPage] = current;
+    ++store_->CurrentPage;
+    store_->PageList[store_->CurrentPage] = next;
+}

@@ -1,0 +1,46 @@
+#pragma once
+// The interface every page of the wizard shares, and the few rules all pages apply the same
+// way: the common Cancel, the Back stack in the store, and messages through the frame.
+
+#include <QWidget>
+#include <cstdint>
+#include <string>
+
+class TVRQDFFCWMain;
+
+namespace qdf {
+class clsExGlobalVars;
+}
+
+class ctlPage : public QWidget {
+    Q_OBJECT
+  public:
+    using QWidget::QWidget;
+
+    // Takes the store; a page may hand back a replacement, which the caller then uses.
+    virtual qdf::clsExGlobalVars* Initialize(qdf::clsExGlobalVars* store);
+    // Drops the store and stops the page's timers.
+    virtual void Terminate();
+    // Refills every field from the store; called when the page is about to be shown.
+    virtual void UpdateImportedVars() {}
+    virtual void ClearLists() {}
+    // Stops the blinking step labels; the main control calls it on the pages it hides.
+    virtual void StopBlink() {}
+
+    qdf::clsExGlobalVars* Store() const { return store_; }
+
+  protected:
+    TVRQDFFCWMain* Main() const;
+    // The frame's message box; 0 when there is no frame to ask.
+    std::int32_t ShowMessage(const std::string& title, const std::string& text, std::int32_t kind,
+                             std::int32_t buttons, std::int32_t defaultButton) const;
+    // Cancel as every page does it; the Apply page also marks the configuration ready.
+    void CommonCancel(bool onApplyPage);
+    // Back through the stack: blanks the present entry and returns the one before it, or ""
+    // at the bottom of the stack.
+    std::string PopPageList();
+    // Forward step that Back must be able to undo.
+    void PushPageList(const std::string& current, const std::string& next);
+
+    qdf::clsExGlobalVars* store_ = nullptr;
+};

@@ -1,0 +1,35 @@
+#pragma once
+// Last page of both sequences: Apply writes the parameters into the frame's device data,
+// keeps the store in the business object and closes the module.
+
+#include "ctlPage.h"
+
+class QGroupBox;
+class QPushButton;
+
+namespace qdf::wizard {
+class BlinkTimer;
+}
+
+class ctlSaveAndDownload : public ctlPage {
+    Q_OBJECT
+  public:
+    explicit ctlSaveAndDownload(QWidget* parent = nullptr);
+
+    qdf::clsExGlobalVars* Initialize(qdf::clsExGlobalVars* store) override;
+    void Terminate() override;
+    void UpdateImportedVars() override;
+    void StopBlink() override;
+
+    void cmdSave_Click();
+    void cmdBack_Click();
+    void cmdCancel_Click();
+
+    QPushButton* cmdSave;
+    QPushButton* cmdBack;
+    QPushButton* cmdCancel;
+    QGroupBox* frameAuto;
+    QGroupBox* frameBasic;
+    qdf::wizard::BlinkTimer* BlinkTimer;
+    qdf::wizard::BlinkTimer* BlinkTimerBasic;
+};

@@ -1,0 +1,50 @@
+#pragma once
+// Basic mode setup: fluid type, reference temperature and static pressure with their units,
+// K factor and Temp K1. No calculation runs in Basic mode; the values go to the device as
+// entered.
+
+#include "ctlPage.h"
+
+class QComboBox;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace qdf::wizard {
+class BlinkTimer;
+}
+
+class ctlSetupMode : public ctlPage {
+    Q_OBJECT
+  public:
+    explicit ctlSetupMode(QWidget* parent = nullptr);
+
+    qdf::clsExGlobalVars* Initialize(qdf::clsExGlobalVars* store) override;
+    void Terminate() override;
+    void UpdateImportedVars() override;
+    void ClearLists() override;
+    void StopBlink() override;
+
+    void cmdNext_Click();
+    void cmdBack_Click();
+    void cmdCancel_Click();
+
+    QRadioButton* optLiquid;
+    QRadioButton* optGas;
+    QLineEdit* txtRefTemp;
+    QComboBox* cboRefTemp;
+    QLineEdit* txtRefStPress;
+    QComboBox* cboRefStPres;
+    QLineEdit* txtKFactor;
+    QLineEdit* txtTempK1;
+    QPushButton* cmdBack;
+    QPushButton* cmdNext;
+    QPushButton* cmdCancel;
+    qdf::wizard::BlinkTimer* BlinkTimer;
+
+  private:
+    // Temp K1 is a liquid's value only: closed, emptied and greyed for gas.
+    void SetTempK1Open(bool open);
+    // Refusal: the message, then the focus to the box at fault (if any).
+    void Refuse(const char* text, QWidget* focus);
+};
