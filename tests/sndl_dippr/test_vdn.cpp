@@ -106,7 +106,7 @@ TEST(VdnPhase, IsothermsAreMonotonicForEveryComponent) {
         SCOPED_TRACE(c.name);
         double tLow = 0, tHigh = 0;
         DprVdnRng(c.id, &tLow, &tHigh);
-        for (double tr : {0.7, 0.9, 0.98, 1.02, 1.5}) {
+        for (double tr : {0.5, 0.7, 0.9, 0.98, 0.995, 1.001, 1.005, 1.02, 1.5, 3.0}) {
             const double T = tr * c.tc_K;
             if (T < tLow || T > tHigh) continue;
             const double ps = tr < 1 ? Psat(c.id, T) : 0.0;
@@ -120,7 +120,9 @@ TEST(VdnPhase, IsothermsAreMonotonicForEveryComponent) {
                 ASSERT_TRUE(st == SNDL_NORMAL || st == SNDL_ERR_PHASE) << T << " K " << p;
                 ASSERT_GT(rho, prev) << T << " K " << p << " Pa";
                 prev = rho;
-                if (tr > 1) {
+                if (std::fabs(tr - 1.0) < 0.003) {
+                    continue;  // the reference equations' Tc differ a little from the catalogue's
+                } else if (tr > 1) {
                     EXPECT_EQ(st, SNDL_NORMAL) << p;
                 } else if (!consistent) {
                     continue;
