@@ -1,10 +1,9 @@
 // Linear least squares for the coefficient fits: column-equilibrated, column-pivoting
 // Householder QR (rank revealing), with optional homogeneous equality constraints.
 //
-// tol: relative rank threshold. After every column of the basis is scaled to unit length, a
-// pivot of R whose magnitude is at most tol times the largest pivot counts as zero. The scaling
-// makes the test independent of the units of the basis (1/T next to p^3 in kPa spans twenty
-// decades); without it every such fit would look rank deficient.
+// tol is a relative rank threshold on the pivots of R after every column of the basis is
+// scaled to unit length. The scaling makes the test independent of the units of the basis (1/T
+// next to p^3 in kPa spans twenty decades); without it every such fit would look rank deficient.
 #include "sndl/sndl_math.h"
 
 #include <Eigen/Dense>
