@@ -35,24 +35,25 @@ int32_t DprGetClist(std::vector<std::string>& names, std::vector<int32_t>& ids) 
     if (count < 1) return count;
     Require(count <= kClistIds, "catalogue count above the id array");
 
-    std::vector<std::string> outNames(static_cast<std::size_t>(count));
-    std::vector<int32_t> outIds(static_cast<std::size_t>(count));
-    for (int32_t i = 0; i < count; ++i) {
-        // A field runs to its first NUL, or to its end when the name fills it; a field that
-        // would reach past the buffer keeps what the buffer holds of it.
-        const std::size_t start = static_cast<std::size_t>(i) * kClistNameWidth;
-        std::string field;
-        if (start < buffer.size())
-            field =
-                buffer.substr(start, std::min<std::size_t>(kClistNameWidth, buffer.size() - start));
-        const auto nul = field.find('\0');
-        if (nul != std::string::npos) field.resize(nul);
-        outNames[static_cast<std::size_t>(i)] = std::move(field);
-        outIds[static_cast<std::size_t>(i)] = idBuffer[static_cast<std::size_t>(i)];
-    }
+    std::vector<int32_t> outIds(idBuffer.begin(), idBuffer.begin() + count);
+    std::vector<std::string> outNames = SplitClistNames(buffer, count);
     names = std::move(outNames);
     ids = std::move(outIds);
     return count;
+}
+
+std::vector<std::string> SplitClistNames(std::string_view buffer, int32_t count) {
+    std::vector<std::string> names;
+    for (int32_t i = 0; i < count; ++i) {
+        // A field that would reach past the buffer keeps what the buffer holds of it.
+        const std::size_t start = static_cast<std::size_t>(i) * kClistNameWidth;
+        std::string_view field;
+        if (start < buffer.size())
+            field =
+                buffer.substr(start, std::min<std::size_t>(kClistNameWidth, buffer.size() - start));
+        names.emplace_back(field.substr(0, field.find('\0')));
+    }
+    return names;
 }
 
 int32_t DprMw(int32_t id, double& mw) {

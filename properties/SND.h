@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "clsExGlobalVars.h"
@@ -31,6 +32,9 @@ inline constexpr int kClistIds = 217;
 // The catalogue in list order. Returns the library's count; with a count of at least 1 the two
 // vectors are resized to exactly that count, below 1 they are left alone.
 int32_t DprGetClist(std::vector<std::string>& names, std::vector<int32_t>& ids);
+// The first `count` names of a catalogue buffer: name i is the kClistNameWidth bytes from
+// i x kClistNameWidth, cut at its first NUL (a name that fills its field has none).
+std::vector<std::string> SplitClistNames(std::string_view buffer, int32_t count);
 
 int32_t DprMw(int32_t id, double& mw);
 int32_t DprIcp(int32_t id, double T, double& cp);

@@ -34,20 +34,37 @@ HalfPower splitExponent(double u) {
     return {static_cast<int>(w), u - w > 0.25};
 }
 
+// Terms 1..18 without the quadrupole, high-temperature, dipole and association factors are
+// "plain": every component contributes to them. The others concern four components only.
+constexpr int kPlain = 10;
+constexpr int kMaxSparse = 32;
+
 struct Tables {
-    // E_i^(u_n/2) K_i^(3/2) and the Q, F, S, W factors of term n: B*_n of a mixture without
-    // binary corrections is a_n (sum_i x_i phi_in)^2, or the product with the G-weighted sum.
-    double phi[kComponents][kVirialTerms];
-    double phiG[kComponents][kVirialTerms];
+    // E_i^(u_n/2) K_i^(3/2) (times the Q, F, S, W factors of term n): without binary
+    // corrections, B*_n of a mixture is a_n (sum_i x_i phi_in)^2, or for the orientation
+    // terms the product of that sum with the G-weighted one.
+    int plainTerm[kPlain];
+    int plainG[kPlain];  // index into the G-weighted sums, or -1
+    double phi[kComponents][kPlain];
+    int gCount;
+    double phiG[kComponents][kPlain];
+    struct Sparse {
+        int a, b;  // component (or pair) and term
+        double v;
+    };
+    Sparse special[kMaxSparse];  // non-plain phi of the few components that have one
+    int specialCount;
     double K25[kComponents], E25[kComponents];
 
     struct Pair {
         int i, j;
         double dK5, dU5, dG;
         bool hasB;
-        double dB[kVirialTerms];  // 2 a_n (pair term - separable part), both orders counted
+        double dB[kPlain];  // 2 a_n (pair term - separable part), both orders counted
     };
     Pair pairs[kDetailBinaryCount];
+    Sparse specialPairs[kMaxSparse];  // the same for non-plain terms, by pair index
+    int specialPairCount;
 
     HalfPower virialPow[kVirialTerms];
     HalfPower densityPow[kDensityTerms];
@@ -56,21 +73,40 @@ struct Tables {
     int shapeB[kMaxShapes], shapeK[kMaxShapes];
 };
 
+bool isPlain(const DetailTerm& term) {
+    return !term.q && !term.f && !term.s && !term.w;
+}
+
+double phiOf(const DetailComponent& c, const DetailTerm& term) {
+    double v = std::pow(c.E, 0.5 * term.u) * std::pow(c.K, 1.5);
+    if (term.q) v *= c.Q;
+    if (term.f) v *= c.F;
+    if (term.s) v *= c.S;
+    if (term.w) v *= c.W;
+    return v;
+}
+
 Tables buildTables() {
     Tables t{};
+    int plain = 0;
+    for (int n = 0; n < kVirialTerms; ++n) {
+        if (!isPlain(kDetailTerms[n])) continue;
+        t.plainTerm[plain] = n;
+        t.plainG[plain] = kDetailTerms[n].g ? t.gCount++ : -1;
+        ++plain;
+    }
     for (int i = 0; i < kComponents; ++i) {
         const DetailComponent& c = kDetailComponents[i];
         t.K25[i] = std::pow(c.K, 2.5);
         t.E25[i] = std::pow(c.E, 2.5);
+        for (int k = 0; k < kPlain; ++k) {
+            const DetailTerm& term = kDetailTerms[t.plainTerm[k]];
+            t.phi[i][k] = phiOf(c, term);
+            if (t.plainG[k] >= 0) t.phiG[i][t.plainG[k]] = t.phi[i][k] * c.G;
+        }
         for (int n = 0; n < kVirialTerms; ++n) {
-            const DetailTerm& term = kDetailTerms[n];
-            double v = std::pow(c.E, 0.5 * term.u) * std::pow(c.K, 1.5);
-            if (term.q) v *= c.Q;
-            if (term.f) v *= c.F;
-            if (term.s) v *= c.S;
-            if (term.w) v *= c.W;
-            t.phi[i][n] = v;
-            t.phiG[i][n] = v * c.G;
+            const double v = isPlain(kDetailTerms[n]) ? 0.0 : phiOf(c, kDetailTerms[n]);
+            if (v != 0.0) t.special[t.specialCount++] = {i, n, v};
         }
     }
     for (int p = 0; p < kDetailBinaryCount; ++p) {
@@ -83,15 +119,22 @@ Tables buildTables() {
         pr.dK5 = 2.0 * (std::pow(b.K, 5.0) - 1.0) * std::pow(ci.K * cj.K, 2.5);
         pr.dU5 = 2.0 * (std::pow(b.U, 5.0) - 1.0) * std::pow(ci.E * cj.E, 2.5);
         pr.dG = (b.G - 1.0) * (ci.G + cj.G);
-        pr.hasB = false;
         for (int n = 0; n < kVirialTerms; ++n) {
             const DetailTerm& term = kDetailTerms[n];
-            const double base = t.phi[b.i][n] * t.phi[b.j][n];
+            const double base = phiOf(ci, term) * phiOf(cj, term);
             const double gMean = 0.5 * (ci.G + cj.G);
             const double actual = std::pow(b.E, term.u) * base * (term.g ? b.G * gMean : 1.0);
             const double separable = base * (term.g ? gMean : 1.0);
-            pr.dB[n] = 2.0 * term.a * (actual - separable);
-            if (pr.dB[n] != 0.0) pr.hasB = true;
+            const double dB = 2.0 * term.a * (actual - separable);
+            if (dB == 0.0) continue;
+            if (isPlain(term)) {
+                for (int k = 0; k < kPlain; ++k) {
+                    if (t.plainTerm[k] == n) pr.dB[k] = dB;
+                }
+                pr.hasB = true;
+            } else {
+                t.specialPairs[t.specialPairCount++] = {p, n, dB};
+            }
         }
     }
     for (int n = 0; n < kVirialTerms; ++n) t.virialPow[n] = splitExponent(kDetailTerms[n].u);
@@ -116,15 +159,24 @@ const Tables& tables() {
     return t;
 }
 
-// Integer powers r^lo .. r^hi of r, stored from index 0.
+// Integer powers r^lo .. r^hi of r, stored from index 0. Each power is the product of two
+// lower ones, so the dependency chains stay a few multiplications long.
 template <int Lo, int Hi>
 struct PowerTable {
     double v[Hi - Lo + 1];
     explicit PowerTable(double r) {
-        v[-Lo] = 1.0;
-        for (int k = 1; k <= Hi; ++k) v[k - Lo] = v[k - 1 - Lo] * r;
-        const double inv = 1.0 / r;
-        for (int k = -1; k >= Lo; --k) v[k - Lo] = v[k + 1 - Lo] * inv;
+        double* pos = v - Lo;  // pos[k] = r^k
+        pos[0] = 1.0;
+        pos[1] = r;
+        for (int k = 2; k <= Hi; ++k) pos[k] = pos[k / 2] * pos[k - k / 2];
+        if constexpr (Lo < 0) {
+            const double inv = 1.0 / r;
+            double neg[1 - Lo];
+            neg[0] = 1.0;
+            neg[1] = inv;
+            for (int k = 2; k <= -Lo; ++k) neg[k] = neg[k / 2] * neg[k - k / 2];
+            for (int k = 1; k <= -Lo; ++k) pos[-k] = neg[k];
+        }
     }
     double operator()(HalfPower e, double sqrtR) const {
         const double w = v[e.whole - Lo];
@@ -137,8 +189,8 @@ struct PowerTable {
 void detailMix(const double* x, DetailMix& mix) {
     const Tables& t = tables();
     double M = 0.0, sumK = 0.0, sumU = 0.0, G = 0.0, Q = 0.0, F = 0.0;
-    double s[kVirialTerms] = {};
-    double sG[kVirialTerms] = {};
+    double s[kPlain] = {};
+    double sG[kPlain] = {};
     for (int i = 0; i < kComponents; ++i) {
         const double xi = x[i];
         if (xi == 0.0) continue;
@@ -149,14 +201,16 @@ void detailMix(const double* x, DetailMix& mix) {
         G += xi * c.G;
         Q += xi * c.Q;
         F += xi * xi * c.F;
-        for (int n = 0; n < kVirialTerms; ++n) {
-            s[n] += xi * t.phi[i][n];
-            sG[n] += xi * t.phiG[i][n];
-        }
+        for (int k = 0; k < kPlain; ++k) s[k] += xi * t.phi[i][k];
+        for (int g = 0; g < t.gCount; ++g) sG[g] += xi * t.phiG[i][g];
+    }
+    double sSpecial[kVirialTerms] = {};
+    for (int e = 0; e < t.specialCount; ++e) {
+        sSpecial[t.special[e].b] += x[t.special[e].a] * t.special[e].v;
     }
     double K5 = sumK * sumK;
     double U5 = sumU * sumU;
-    double corr[kVirialTerms] = {};
+    double corr[kPlain] = {};
     for (const Tables::Pair& p : t.pairs) {
         const double xx = x[p.i] * x[p.j];
         if (xx == 0.0) continue;
@@ -164,12 +218,22 @@ void detailMix(const double* x, DetailMix& mix) {
         U5 += xx * p.dU5;
         G += xx * p.dG;
         if (p.hasB) {
-            for (int n = 0; n < kVirialTerms; ++n) corr[n] += xx * p.dB[n];
+            for (int k = 0; k < kPlain; ++k) corr[k] += xx * p.dB[k];
         }
     }
+    // Non-plain terms carry no orientation factor, so the plain square applies to them too.
     for (int n = 0; n < kVirialTerms; ++n) {
-        const DetailTerm& term = kDetailTerms[n];
-        mix.Bstar[n] = term.a * (term.g ? s[n] * sG[n] : s[n] * s[n]) + corr[n];
+        mix.Bstar[n] = kDetailTerms[n].a * sSpecial[n] * sSpecial[n];
+    }
+    for (int e = 0; e < t.specialPairCount; ++e) {
+        const Tables::Pair& p = t.pairs[t.specialPairs[e].a];
+        mix.Bstar[t.specialPairs[e].b] += x[p.i] * x[p.j] * t.specialPairs[e].v;
+    }
+    for (int k = 0; k < kPlain; ++k) {
+        const int n = t.plainTerm[k];
+        const double a = kDetailTerms[n].a;
+        const int g = t.plainG[k];
+        mix.Bstar[n] = a * (g >= 0 ? s[k] * sG[g] : s[k] * s[k]) + corr[k];
     }
     mix.M = M;
     mix.K3 = std::pow(K5, 0.6);
@@ -374,7 +438,7 @@ int32_t detailVdnMw(double T, double P, const double* y, double* vdn, double* mw
     double D = 0.0;
     // Reduced densities beyond about 4 are solid-like for every component; 12 is a safe cap.
     const Root root = solveDensity([&st](double d) { return detailPressure(st, d); }, pKpa,
-                                   pKpa / st.RT, 12.0 / st.K3, D);
+                                   virialStart(pKpa / st.RT, st.B), 12.0 / st.K3, D);
     if (root == Root::None) return SNDL_ERR_CALC;
     *vdn = D;
     *mw = mix.M;

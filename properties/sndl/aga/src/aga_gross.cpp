@@ -135,7 +135,7 @@ Root grossDensity(const GrossGas& gas, double T, double p_kPa, double& D) {
                              RT * (1.0 + d * (2.0 * B + 3.0 * d * C))};
     };
     // 100 mol/L lies far beyond any liquid hydrocarbon density.
-    return solveDensity(eval, p_kPa, p_kPa / RT, 100.0, D);
+    return solveDensity(eval, p_kPa, virialStart(p_kPa / RT, B), 100.0, D);
 }
 
 int32_t grossMethod1(double hv, double rd, double xCO2, double xH2, double xCO,

@@ -8,9 +8,9 @@
 // a gas root exists. When the bracket closes on the branch's maximum the gas root does not
 // exist; the dense (liquid-like) root is returned instead, as Root::Dense.
 //
-// Convergence: once a Newton step is below 1e-10 relative, one further step brings the
-// error to rounding level (the error after a step is of the order of the previous one
-// squared), so results are correct to machine precision.
+// Convergence: the error after a Newton step is of the order of the step squared (times the
+// relative curvature of p(D), which is of order one), so once a step falls below 1e-9
+// relative the result after it is correct to machine precision.
 #ifndef SNDL_AGA_DENSITY_SOLVE_H
 #define SNDL_AGA_DENSITY_SOLVE_H
 
@@ -22,14 +22,8 @@ namespace sndl::aga {
 
 namespace detail {
 
-// One more Newton step from a converging iterate; kept only if it stays in the bracket.
-template <class Eval>
-double finalStep(const Eval& eval, double target, double d, double lo, double hi) {
-    const PressureSlope ps = eval(d);
-    if (!(ps.dpdD > 0.0)) return d;
-    const double next = d + (target - ps.p) / ps.dpdD;
-    return next >= lo && next <= hi ? next : d;
-}
+// A Newton step this small leaves an error of the order of its square: rounding level.
+inline constexpr double kConverged = 1e-9;
 
 // Newton with bisection safeguard on [lo, hi], where p(lo) < target < p(hi).
 template <class Eval>
@@ -51,8 +45,8 @@ bool polishBracketed(const Eval& eval, double target, double lo, double hi, doub
                 newton = true;
             }
         }
-        if (newton && std::fabs(next - d) <= 1e-10 * d) {
-            d = finalStep(eval, target, next, lo, hi);
+        if (newton && std::fabs(next - d) <= kConverged * d) {
+            d = next;
             return true;
         }
         if (hi - lo <= 4e-16 * hi) {
@@ -65,6 +59,14 @@ bool polishBracketed(const Eval& eval, double target, double lo, double hi, doub
 }
 
 }  // namespace detail
+
+// First trial density: the root of Z = 1 + B D, from the ideal density dIdeal = p/(RT). Used
+// only while that correction is moderate; the truncated series overshoots near the
+// saturated states, where the ideal density is the safer start.
+inline double virialStart(double dIdeal, double B) {
+    const double disc = 1.0 + 4.0 * B * dIdeal;
+    return disc >= 0.25 ? 2.0 * dIdeal / (1.0 + std::sqrt(disc)) : dIdeal;
+}
 
 // Solves p(D) = target (kPa) for D in (0, dMax]; dStart is the first trial density.
 template <class Eval>
@@ -96,9 +98,9 @@ Root solveDensity(const Eval& eval, double target, double dStart, double dMax, d
             hiBeyondMaximum = false;
         }
         double next = d + (target - ps.p) / ps.dpdD;
-        if (next > lo && next < hi) {
-            if (std::fabs(next - d) <= 1e-10 * d) {
-                d = detail::finalStep(eval, target, next, lo, hi);
+        if (next >= lo && next <= hi) {
+            if (std::fabs(next - d) <= detail::kConverged * d) {
+                d = next;
                 return Root::Gas;
             }
         } else {
