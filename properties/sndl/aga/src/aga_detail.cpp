@@ -60,9 +60,10 @@ struct Tables {
         int i, j;
         double dK5, dU5, dG;
         bool hasB;
-        double dB[kPlain];  // 2 a_n (pair term - separable part), both orders counted
     };
     Pair pairs[kDetailBinaryCount];
+    // 2 a_n (pair term - separable part) of the plain terms, both orders counted.
+    alignas(16) double pairB[kDetailBinaryCount][kPlain];
     Sparse specialPairs[kMaxSparse];  // the same for non-plain terms, by pair index
     int specialPairCount;
 
@@ -129,7 +130,7 @@ Tables buildTables() {
             if (dB == 0.0) continue;
             if (isPlain(term)) {
                 for (int k = 0; k < kPlain; ++k) {
-                    if (t.plainTerm[k] == n) pr.dB[k] = dB;
+                    if (t.plainTerm[k] == n) t.pairB[p][k] = dB;
                 }
                 pr.hasB = true;
             } else {
@@ -210,15 +211,17 @@ void detailMix(const double* x, DetailMix& mix) {
     }
     double K5 = sumK * sumK;
     double U5 = sumU * sumU;
-    double corr[kPlain] = {};
-    for (const Tables::Pair& p : t.pairs) {
+    alignas(16) double corr[kPlain] = {};
+    for (int q = 0; q < kDetailBinaryCount; ++q) {
+        const Tables::Pair& p = t.pairs[q];
         const double xx = x[p.i] * x[p.j];
         if (xx == 0.0) continue;
         K5 += xx * p.dK5;
         U5 += xx * p.dU5;
         G += xx * p.dG;
         if (p.hasB) {
-            for (int k = 0; k < kPlain; ++k) corr[k] += xx * p.dB[k];
+            const double* dB = t.pairB[q];
+            for (int k = 0; k < kPlain; ++k) corr[k] += xx * dB[k];
         }
     }
     // Non-plain terms carry no orientation factor, so the plain square applies to them too.

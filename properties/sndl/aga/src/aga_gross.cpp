@@ -80,8 +80,8 @@ int32_t iterateReferenceZ(const GrossReference& ref, GrossGas& gas, double& Z,
     Z = 1.0;
     for (int it = 0; it < 60; ++it) {
         if (!characterize(Z, gas)) return SNDL_ERR_XINVALID;
-        double B = 0.0, C = 0.0;
-        if (!grossVirial(gas, ref.Td, B, C)) return SNDL_ERR_XINVALID;
+        double B = 0.0;
+        if (!grossSecondVirial(gas, ref.Td, B)) return SNDL_ERR_XINVALID;
         const double zNew = 1.0 + B * ref.Pd / (kR * ref.Td);
         const double change = std::fabs(zNew - Z);
         if (change <= 1e-14) return SNDL_NORMAL;
@@ -93,18 +93,29 @@ int32_t iterateReferenceZ(const GrossReference& ref, GrossGas& gas, double& Z,
 
 }  // namespace
 
-bool grossVirial(const GrossGas& gas, double T, double& B, double& C) {
+bool grossSecondVirial(const GrossGas& gas, double T, double& B) {
     const double H = gas.HCH;
     const double B11 = kB11[0].at(T) + H * (kB11[1].at(T) + H * kB11[2].at(T));
-    const double C111 = kC111[0].at(T) + H * (kC111[1].at(T) + H * kC111[2].at(T));
     const double B22 = kB22.at(T), B33 = kB33.at(T);
-    const double C222 = kC222.at(T), C333 = kC333.at(T), C444 = kC444.at(T);
-    // The combining rules take roots of these products; no gas gives them a negative sign.
-    if (B11 * B33 < 0.0 || C111 < 0.0 || C222 < 0.0 || C333 < 0.0 || C444 < 0.0) return false;
-
+    // The CH-CO2 combining rule takes a square root of this product.
+    if (B11 * B33 < 0.0) return false;
     const double dT = 320.0 - T;
     const double B12 = (0.72 + 1.875e-5 * dT * dT) * 0.5 * (B11 + B22);
     const double B13 = -0.865 * std::sqrt(B11 * B33);
+    const double x1 = gas.xCH, x2 = gas.xN2, x3 = gas.xCO2, x4 = gas.xH2, x5 = gas.xCO;
+    B = x1 * (x1 * B11 + 2.0 * (x2 * B12 + x3 * B13 + x4 * kB14.at(T) + x5 * kB15.at(T))) +
+        x2 * (x2 * B22 + 2.0 * (x3 * kB23.at(T) + x4 * kB24.at(T))) + x3 * x3 * B33 +
+        x4 * x4 * kB44.at(T) + x5 * x5 * kB55.at(T);
+    return true;
+}
+
+bool grossVirial(const GrossGas& gas, double T, double& B, double& C) {
+    if (!grossSecondVirial(gas, T, B)) return false;
+    const double H = gas.HCH;
+    const double C111 = kC111[0].at(T) + H * (kC111[1].at(T) + H * kC111[2].at(T));
+    const double C222 = kC222.at(T), C333 = kC333.at(T), C444 = kC444.at(T);
+    // The combining rules take cube roots; no gas gives these a negative sign.
+    if (C111 < 0.0 || C222 < 0.0 || C333 < 0.0 || C444 < 0.0) return false;
     const double y12 = 0.92 + 0.0013 * (T - 270.0);
     const double c1 = std::cbrt(C111), c2 = std::cbrt(C222), c3 = std::cbrt(C333);
     const double c4 = std::cbrt(C444);
@@ -114,11 +125,7 @@ bool grossVirial(const GrossGas& gas, double T, double& B, double& C) {
     const double C133 = 0.92 * c1 * c3 * c3;
     const double C123 = 1.1 * c1 * c2 * c3;
     const double C114 = 1.2 * c1 * c1 * c4;
-
     const double x1 = gas.xCH, x2 = gas.xN2, x3 = gas.xCO2, x4 = gas.xH2, x5 = gas.xCO;
-    B = x1 * (x1 * B11 + 2.0 * (x2 * B12 + x3 * B13 + x4 * kB14.at(T) + x5 * kB15.at(T))) +
-        x2 * (x2 * B22 + 2.0 * (x3 * kB23.at(T) + x4 * kB24.at(T))) + x3 * x3 * B33 +
-        x4 * x4 * kB44.at(T) + x5 * x5 * kB55.at(T);
     C = x1 * x1 * (x1 * C111 + 3.0 * (x2 * C112 + x3 * C113 + x4 * C114 + x5 * kC115.at(T))) +
         x1 * (3.0 * x2 * x2 * C122 + 6.0 * x2 * x3 * C123 + 3.0 * x3 * x3 * C133) +
         x2 * x2 * (x2 * C222 + 3.0 * x3 * kC223.at(T)) + 3.0 * x2 * x3 * x3 * kC233.at(T) +

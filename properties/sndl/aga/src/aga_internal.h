@@ -133,6 +133,7 @@ struct GrossGas {
 // Second and third virial coefficients of the mixture (L/mol, L^2/mol^2); false where a
 // combining rule would need a root of a negative number.
 bool grossVirial(const GrossGas& gas, double T, double& B, double& C);
+bool grossSecondVirial(const GrossGas& gas, double T, double& B);
 
 // Gross density at (T, p): the gas root of Z = 1 + B D + C D^2.
 Root grossDensity(const GrossGas& gas, double T, double p_kPa, double& D);

@@ -51,8 +51,8 @@ int32_t sgergCharacterize(double Hs, double d, double xCO2, double xH2, GrossGas
         const double xCH = (rhoTarget / n0 - kG2 * hHC - rest * kMassN2 - others) / (kG1 - kMassN2);
         if (!(xCH > 0.0) || !(hHC > 0.0)) return SNDL_ERR_XINVALID;
         gas = {xCH, rest - xCH, xCO2, xH2, xCO, hHC / xCH, 0.0};
-        double B = 0.0, C = 0.0;
-        if (!grossVirial(gas, kT0, B, C)) return SNDL_ERR_XINVALID;
+        double B = 0.0;
+        if (!grossSecondVirial(gas, kT0, B)) return SNDL_ERR_XINVALID;
         const double n0New = 1.0 / (kVm0 + B);
         const double change = std::fabs(n0New - n0);
         converged = change <= 1e-15 * n0 || (it == 59 && change <= 1e-10 * n0);
