@@ -207,11 +207,14 @@ void FrameManager::Write(FrameVariable* menu, FrameVariable* parameter, const qd
     if (!options_.failWriteOf.empty() && parameter->Name() == options_.failWriteOf)
         throw SDKError("the frame refused to write " + parameter->Name());
     if (IsUserVariable(parameter->Name())) throw SDKError("the user settings are read-only");
-    if (!device_.SetValue(parameter->Name(), value))
+    const FrameParameter* p = device_.Find(parameter->Name());
+    if (p == nullptr || !ConvertToType(value, p->type))
         throw SDKError("value does not fit " + parameter->Name());
+    // Logged before the value is set, so that whoever hears of the change sees the write too.
     FrameWrite w{menu->Name(), parameter->Name(), value};
     writes_.push_back(w);
     device_.writes.push_back(std::move(w));
+    device_.SetValue(parameter->Name(), value);
 }
 
 }  // namespace qdf::frame
