@@ -1,0 +1,574 @@
+#include "ModBinary.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <limits>
+#include <stdexcept>
+
+#include "AnsiText.h"
+#include "CodeTables.h"
+#include "ComponentTables.h"
+#include "FileErrors.h"
+#include "ModLog.h"
+#include "SDKFrame.h"
+#include "StoreRegistry.h"
+#include "clsExGlobalVars.h"
+
+namespace qdf {
+
+namespace {
+
+enum class FieldType {
+    String,
+    Int32,
+    Int16,
+    Double,
+    NeverUse,  // a double member held as a rounded 32-bit integer
+    Slot,      // a 32-bit integer with no member
+};
+
+struct Field {
+    FieldType type;
+    std::string_view member;
+    std::int32_t index = -1;  // element of an array member, -1 for a scalar
+};
+
+using F = FieldType;
+
+// Block 1, the management record.
+const std::vector<Field>& MgtBlock() {
+    static const std::vector<Field> block = [] {
+        std::vector<Field> b = {
+            {F::String, "Mgt_ProgramName"},
+            {F::String, "Mgt_SoftRevNO"},
+            {F::String, "Mgt_FileFormatRevNo"},
+            {F::String, "Mgt_ConfDate"},
+            {F::String, "Mgt_UserName"},
+            {F::Slot, ""},
+            {F::Int32, "Mgt_ConfigCompleteFlag"},
+            {F::Int32, "Mgt_OnlineModeFlag"},
+            {F::Int32, "Mgt_DisplayCurrentValueFlag"},
+            {F::Int32, "Mgt_MtdGasVisCalc"},
+            {F::Int32, "Mgt_MtdIsenExpCalc"},
+            {F::Int32, "Mgt_GasDensDiv"},
+            {F::Int32, "Mgt_GasDensTempDiv"},
+            {F::Int32, "Mgt_GasDensPressDiv"},
+            {F::Int32, "Mgt_LqdDensTempDiv"},
+            {F::Int32, "Mgt_GasVisTempDiv"},
+            {F::Int32, "Mgt_LqdVisTempDiv"},
+            {F::Int32, "Mgt_GasExpFacDiv"},
+            {F::Int32, "Mgt_FldCommType"},
+            {F::Int32, "Mgt_HrtCommtype"},
+            {F::String, "Mgt_DbName"},
+            {F::Int32, "Mgt_PollAddr"},
+            {F::String, "Mgt_LongAddr"},
+            {F::Int32, "Mgt_DigLen"},
+            {F::Int32, "Mgt_MtdAirGasDensityCalculation"},
+            {F::Int32, "Mgt_Reserve1"},
+            {F::Int32, "Mgt_Reserve2"},
+            {F::Int32, "Mgt_Reserve3"},
+            {F::Int32, "Mgt_Reserve4"},
+            {F::Int32, "Mgt_Reserve5"},
+            {F::Int32, "Mgt_Reserve6"},
+            {F::Int32, "Mgt_Reserve7"},
+            {F::Int32, "Mgt_Reserve8"},
+            {F::Int32, "Mgt_Reserve9"},
+            {F::Int32, "Mgt_Reserve10"},
+            {F::String, "Mgt_CfgSoftRev"},
+            {F::String, "Mgt_Reserve12"},
+            {F::String, "Mgt_Reserve13"},
+            {F::String, "Mgt_Reserve14"},
+            {F::String, "Mgt_Reserve15"},
+            {F::String, "Mgt_Reserve16"},
+            {F::String, "Mgt_Reserve17"},
+            {F::String, "Mgt_Reserve18"},
+            {F::String, "Mgt_Reserve19"},
+            {F::String, "Mgt_Reserve20"},
+        };
+        return b;
+    }();
+    return block;
+}
+
+constexpr std::size_t kSlotField = 5;      // field 6, zero-based
+constexpr std::size_t kRevisionField = 2;  // field 3
+
+// The management members a read copies to the store, in this order; the others describe who
+// wrote the file, and the session keeps its own.
+constexpr std::string_view kMgtReadBack[] = {
+    "Mgt_MtdGasVisCalc",   "Mgt_MtdIsenExpCalc",
+    "Mgt_GasDensDiv",      "Mgt_GasDensTempDiv",
+    "Mgt_GasDensPressDiv", "Mgt_LqdDensTempDiv",
+    "Mgt_GasVisTempDiv",   "Mgt_LqdVisTempDiv",
+    "Mgt_GasExpFacDiv",    "Mgt_MtdAirGasDensityCalculation",
+    "Mgt_Reserve1",        "Mgt_Reserve2",
+    "Mgt_Reserve3",        "Mgt_Reserve4",
+    "Mgt_Reserve5",        "Mgt_Reserve6",
+    "Mgt_Reserve7",        "Mgt_Reserve8",
+    "Mgt_Reserve9",        "Mgt_Reserve10",
+    "Mgt_Reserve12",       "Mgt_Reserve13",
+    "Mgt_Reserve14",       "Mgt_Reserve15",
+    "Mgt_Reserve16",       "Mgt_Reserve17",
+    "Mgt_Reserve18",       "Mgt_Reserve19",
+    "Mgt_Reserve20",
+};
+
+// Blocks 2 to 9, flattened into one list of fields in file order.
+const std::vector<Field>& StoreBlocks() {
+    static const std::vector<Field> fields = [] {
+        std::vector<Field> b = {
+            {F::Int32, "UI_NeverUsedRecord"},  {F::Int32, "UI_PEType"},
+            {F::String, "UI_PEName"},          {F::Double, "UI_PEDiameter"},
+            {F::Int32, "UI_PEDiameterUnit"},   {F::Double, "UI_PETemp"},
+            {F::Int32, "UI_PETempUnit"},       {F::String, "UI_PEMaterial"},
+            {F::Double, "UI_PEPipeDiameter"},  {F::Int32, "UI_PEPipeDiameterUnit"},
+            {F::Double, "UI_PipeTemperature"}, {F::Int32, "UI_PipeTemperatureUnit"},
+            {F::String, "UI_PipeMaterial"},    {F::Int32, "UI_FluidType"},
+            {F::Int32, "UI_FluidCat"},         {F::String, "UI_FluidName"},
+            {F::String, "UI_ChemID"},
+        };
+        for (std::string_view m :
+             {"UI_DtlTotalMole",  "UI_DtlMethaneMole",    "UI_DtlN2Mole",
+              "UI_DtlCO2Mole",    "UI_DtlEthaneMole",     "UI_DtlPropaneMole",
+              "UI_DtlWaterMole",  "UI_DtlH2SMole",        "UI_DtlH2Mole",
+              "UI_DtlCOMole",     "UI_DtlO2Mole",         "UI_DtlIsobutaneMole",
+              "UI_DtlButaneMole", "UI_DtlIsoPentaneMole", "UI_DtlPentaneMole",
+              "UI_DtlHexaneMole", "UI_DtlHeptaneMole",    "UI_DtlOctaneMole",
+              "UI_DtlNonaneMole", "UI_DtlDecaneMole",     "UI_DtlHe4Mole",
+              "UI_DtlArMole"})
+            b.push_back({F::Double, m});
+        const Field rest[] = {
+            {F::Double, "UI_RgRelDens"},
+            {F::Double, "UI_CO2Mole"},
+            {F::Double, "UI_VgHv"},
+            {F::Int32, "UI_VgHvUnit"},
+            {F::Double, "UI_N2Mole"},
+            {F::Double, "UI_H2Mole"},
+            {F::Double, "UI_COMole"},
+            {F::Double, "UI_RangeP1"},
+            {F::Double, "UI_RangeP2"},
+            {F::Int32, "UI_RangePUnit"},
+            {F::Double, "UI_RangeT1"},
+            {F::Double, "UI_RangeT2"},
+            {F::Int16, "UI_RangeTUnit"},
+            {F::Double, "UI_PressRef"},
+            {F::Int32, "UI_PressRefUnit"},
+            {F::Double, "UI_TempRef"},
+            {F::Int32, "UI_TempRefUnit"},
+            {F::Int32, "UI_DensUnit"},
+            {F::Int32, "UI_ViscUnit"},
+            {F::Double, "UI_RefDensValue"},
+            {F::Int32, "UI_RefDensUnit"},
+            {F::Double, "UI_IsenExpValue"},
+            {F::Double, "UI_PEDiameterStandard"},
+            {F::Double, "UI_PETempStandard"},
+            {F::Double, "UI_PEPipeDiameterStandard"},
+            {F::Double, "UI_PEPipeTempStandard"},
+            {F::Double, "UI_VgHvStandard"},
+            {F::Double, "UI_RangeP1Standard"},
+            {F::Double, "UI_RangeP2Standard"},
+            {F::Double, "UI_RangeT1Standard"},
+            {F::Double, "UI_RangeT2Standard"},
+            {F::Double, "UI_PressRefStandard"},
+            {F::Double, "UI_TempRefStandard"},
+            {F::Int32, "UI_PEPrimaryDeviceCode"},
+            {F::Int32, "UI_PESubcode"},
+            {F::Int32, "UI_FluidNameMethodCode"},
+            {F::Int32, "UI_AtmPressUnit"},
+            {F::Int32, "UI_Reserve5"},
+            {F::Int32, "UI_Reserve6"},
+            {F::Int32, "UI_Reserve7"},
+            {F::Int32, "UI_Reserve8"},
+            {F::Int32, "UI_Reserve9"},
+            {F::Int32, "UI_Reserve10"},
+            {F::String, "UI_Reserve11"},
+            {F::String, "UI_Reserve12"},
+            {F::String, "UI_Reserve13"},
+            {F::String, "UI_Reserve14"},
+            {F::String, "UI_Reserve15"},
+            {F::String, "UI_Reserve16"},
+            {F::String, "UI_Reserve17"},
+            {F::String, "UI_Reserve18"},
+            {F::String, "UI_Reserve19"},
+            {F::String, "UI_Reserve20"},
+            {F::Double, "UI_PEDisCoeff"},
+            {F::Double, "UI_PEGasExpFac"},
+            {F::Double, "UI_AtmPress"},
+            {F::Double, "UI_AtmPressStandard"},
+            {F::Double, "UI_MolWeight"},
+            {F::Double, "UI_Reserve26"},
+            {F::Double, "UI_Reserve27"},
+            {F::Double, "UI_Reserve28"},
+            {F::Double, "UI_Reserve29"},
+            {F::Double, "UI_Reserve30"},
+        };
+        b.insert(b.end(), std::begin(rest), std::end(rest));
+
+        // Block 3, viscosity rows; block 4, density rows (index 256 stays out of the file).
+        for (std::int32_t i = 0; i < 32; ++i) {
+            b.push_back({F::Double, "UI_ViscTemp", i});
+            b.push_back({F::Double, "UI_VisPress", i});
+            b.push_back({F::Double, "UI_Visc", i});
+        }
+        for (std::int32_t i = 0; i < 256; ++i) {
+            b.push_back({F::Double, "UI_DensAbsPress", i});
+            b.push_back({F::Double, "UI_DensTemp", i});
+            b.push_back({F::Double, "UI_Dens", i});
+        }
+        // Blocks 5 to 8: the coefficient arrays as far as the device carries them.
+        const std::pair<std::string_view, std::int32_t> coeffs[] = {
+            {"Xmtr_DisCoeff", 6}, {"Xmtr_ExpFac", 6}, {"Xmtr_VisCoeff", 6}, {"Xmtr_DensCoeff", 18}};
+        for (const auto& [name, count] : coeffs)
+            for (std::int32_t i = 0; i < count; ++i) b.push_back({F::Double, name, i});
+
+        // Block 9, the transmitter record.
+        const Field xmtr[] = {
+            {F::Int32, "Xmtr_PDCode"},
+            {F::Int32, "Xmtr_FluidTypeCode"},
+            {F::Int32, "Xmtr_DensUnitCode"},
+            {F::Int32, "Xmtr_PDLenUnitCode"},
+            {F::Double, "Xmtr_PriDevTherExpFac"},
+            {F::Double, "Xmtr_PipeTherExpFac"},
+            {F::Int32, "Xmtr_LenUnitCode"},
+            {F::Double, "Xmtr_Smalld"},
+            {F::Double, "Xmtr_BigD"},
+            {F::Int32, "Xmtr_TempUnitCode"},
+            {F::Double, "Xmtr_TSmallD"},
+            {F::Double, "Xmtr_TBigD"},
+            {F::Int32, "Xmtr_RefDensUnitCode"},
+            {F::Double, "Xmtr_VolFlowBaseDens"},
+            {F::Int32, "Xmtr_SimpleFlowCalcMode"},
+            {F::Int32, "Xmtr_SimpleFluidTypeCode"},
+            {F::Double, "Xmtr_SimpleFlowCalcFixedVar"},
+            {F::Int32, "Xmtr_SimpleStaticPressUnit"},
+            {F::NeverUse, "Xmtr_NeverUse"},
+            {F::Int32, "Xmtr_SimpleTempUnit"},
+            {F::Double, "Xmtr_SimpleRefTemp"},
+            {F::Double, "Xmtr_SimpleTempK1ForLqdVar"},
+            {F::Double, "Xmtr_SimpleDensityBase"},
+            {F::Int32, "Xmtr_Reserve1"},
+            {F::Int32, "Xmtr_Reserve2"},
+            {F::Int32, "Xmtr_Reserve3"},
+            {F::Int32, "Xmtr_Reserve4"},
+            {F::Int32, "Xmtr_Reserve5"},
+            {F::Int32, "Xmtr_Reserve6"},
+            {F::Int32, "Xmtr_Reserve7"},
+            {F::Int32, "Xmtr_Reserve8"},
+            {F::Int32, "Xmtr_Reserve9"},
+            {F::Int32, "Xmtr_Reserve10"},
+            {F::Double, "Xmtr_SimpleRefStaticPress"},
+            {F::Double, "Xmtr_Reserve12"},
+            {F::Double, "Xmtr_Reserve13"},
+            {F::Double, "Xmtr_Reserve14"},
+            {F::Double, "Xmtr_Reserve15"},
+            {F::Double, "Xmtr_Reserve16"},
+            {F::Double, "Xmtr_Reserve17"},
+            {F::Double, "Xmtr_Reserve18"},
+            {F::Double, "Xmtr_Reserve19"},
+            {F::Double, "Xmtr_Reserve20"},
+            {F::String, "Xmtr_Reserve21"},
+            {F::String, "Xmtr_Reserve22"},
+            {F::String, "Xmtr_Reserve23"},
+            {F::String, "Xmtr_Reserve24"},
+            {F::String, "Xmtr_Reserve25"},
+            {F::String, "Xmtr_Reserve26"},
+            {F::String, "Xmtr_Reserve27"},
+            {F::String, "Xmtr_Reserve28"},
+            {F::String, "Xmtr_Reserve29"},
+            {F::String, "Xmtr_Reserve30"},
+        };
+        b.insert(b.end(), std::begin(xmtr), std::end(xmtr));
+        return b;
+    }();
+    return fields;
+}
+
+// The module's management record: one value per field of block 1, kept for the program's life.
+std::vector<Value>& Record() {
+    static std::vector<Value> record = [] {
+        std::vector<Value> r;
+        for (const Field& f : MgtBlock())
+            r.push_back(f.type == F::String ? Value(std::string()) : Value(std::int32_t{0}));
+        return r;
+    }();
+    return record;
+}
+
+std::size_t MgtIndex(std::string_view member) {
+    const auto& block = MgtBlock();
+    for (std::size_t i = 0; i < block.size(); ++i)
+        if (block[i].member == member) return i;
+    throw std::logic_error("no management field " + std::string(member));
+}
+
+// ---- bytes ----------------------------------------------------------------------------------
+
+void PutInt(std::vector<std::uint8_t>& out, std::uint64_t v, int bytes) {
+    for (int i = 0; i < bytes; ++i) out.push_back(static_cast<std::uint8_t>(v >> (8 * i)));
+}
+
+std::int32_t RoundedInt32(double v) {
+    const double r = std::nearbyint(v);
+    if (!(r >= std::numeric_limits<std::int32_t>::min() &&
+          r <= std::numeric_limits<std::int32_t>::max()))
+        throw std::overflow_error("value does not fit a 32-bit integer");
+    return static_cast<std::int32_t>(r);
+}
+
+void PutValue(std::vector<std::uint8_t>& out, FieldType type, const Value& v) {
+    switch (type) {
+        case F::String: {
+            const std::string ansi = Utf8ToAnsi(ConvertToKind(v, MemberKind::String).str());
+            if (ansi.size() > 0xFFFF) throw std::length_error("string too long for the file");
+            PutInt(out, ansi.size(), 2);
+            out.insert(out.end(), ansi.begin(), ansi.end());
+            return;
+        }
+        case F::Int16:
+            PutInt(out,
+                   static_cast<std::uint16_t>(
+                       *ConvertToKind(v, MemberKind::Int16).get_if<std::int16_t>()),
+                   2);
+            return;
+        case F::Int32:
+        case F::Slot:
+            PutInt(out,
+                   static_cast<std::uint32_t>(
+                       *ConvertToKind(v, MemberKind::Int32).get_if<std::int32_t>()),
+                   4);
+            return;
+        case F::NeverUse:
+            PutInt(out, static_cast<std::uint32_t>(RoundedInt32(v.toDouble())), 4);
+            return;
+        case F::Double: {
+            const double d = v.toDouble();
+            std::uint64_t bits = 0;
+            static_assert(sizeof bits == sizeof d);
+            std::memcpy(&bits, &d, sizeof d);
+            PutInt(out, bits, 8);
+            return;
+        }
+    }
+}
+
+class ByteReader {
+  public:
+    explicit ByteReader(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+
+    // False when the bytes end before the field does.
+    bool Read(FieldType type, Value& v) {
+        switch (type) {
+            case F::String: {
+                std::uint64_t n = 0;
+                if (!Take(2, n) || bytes_.size() - pos_ < n) return false;
+                const auto* p = reinterpret_cast<const char*>(bytes_.data() + pos_);
+                v = Value(AnsiToUtf8(std::string_view(p, static_cast<std::size_t>(n))));
+                pos_ += static_cast<std::size_t>(n);
+                return true;
+            }
+            case F::Int16: {
+                std::uint64_t n = 0;
+                if (!Take(2, n)) return false;
+                v = Value(static_cast<std::int16_t>(static_cast<std::uint16_t>(n)));
+                return true;
+            }
+            case F::Int32:
+            case F::Slot:
+            case F::NeverUse: {
+                std::uint64_t n = 0;
+                if (!Take(4, n)) return false;
+                v = Value(static_cast<std::int32_t>(static_cast<std::uint32_t>(n)));
+                return true;
+            }
+            case F::Double: {
+                std::uint64_t n = 0;
+                if (!Take(8, n)) return false;
+                double d = 0.0;
+                std::memcpy(&d, &n, sizeof d);
+                v = Value(d);
+                return true;
+            }
+        }
+        return false;
+    }
+
+  private:
+    bool Take(int count, std::uint64_t& out) {
+        if (bytes_.size() - pos_ < static_cast<std::size_t>(count)) return false;
+        out = 0;
+        for (int i = 0; i < count; ++i)
+            out |= static_cast<std::uint64_t>(bytes_[pos_ + static_cast<std::size_t>(i)])
+                   << (8 * i);
+        pos_ += static_cast<std::size_t>(count);
+        return true;
+    }
+
+    std::span<const std::uint8_t> bytes_;
+    std::size_t pos_ = 0;
+};
+
+void Assign(clsExGlobalVars& store, const Field& f, const Value& v) {
+    if (f.index < 0)
+        SetMember(store, f.member, f.type == F::NeverUse ? Value(v.toDouble()) : v);
+    else
+        SetElement(store, f.member, f.index, v);
+}
+
+ISDKMessageService* MessagesOf(const clsExGlobalVars& store) {
+    return store.SDKManager ? store.SDKManager->SDKMessageService() : nullptr;
+}
+
+void Notice(ISDKMessageService* messages, const std::string& title, const std::string& text) {
+    if (messages) messages->ShowMessage(title, text, 1, 2, 4);
+}
+
+// The largest file the reader can need: every string at its longest.
+constexpr std::size_t kMaxFileBytes = 16 * 1024 * 1024;
+
+}  // namespace
+
+void ResetBinaryRecord() {
+    auto& r = Record();
+    for (std::size_t i = 0; i < r.size(); ++i)
+        r[i] = MgtBlock()[i].type == F::String ? Value(std::string()) : Value(std::int32_t{0});
+}
+
+void LoadRecordsToStore(clsExGlobalVars& store) {
+    auto& r = Record();
+    const std::pair<std::string_view, std::int32_t> options[] = {
+        {"Mgt_MtdGasVisCalc", 1},   {"Mgt_MtdIsenExpCalc", 1},
+        {"Mgt_GasDensDiv", 12},     {"Mgt_GasDensTempDiv", 3},
+        {"Mgt_GasDensPressDiv", 4}, {"Mgt_LqdDensTempDiv", 4},
+        {"Mgt_GasVisTempDiv", 4},   {"Mgt_LqdVisTempDiv", 4},
+        {"Mgt_GasExpFacDiv", 3},    {"Mgt_MtdAirGasDensityCalculation", 0},
+    };
+    std::vector<std::string_view> reset;
+    for (std::string_view m : {"Mgt_ConfDate", "Mgt_UserName"}) {
+        r[MgtIndex(m)] = Value(std::string());
+        reset.push_back(m);
+    }
+    for (const auto& [m, v] : options) {
+        r[MgtIndex(m)] = Value(v);
+        reset.push_back(m);
+    }
+    for (int i = 1; i <= 20; ++i) {
+        if (i == 11) continue;  // field 36 is the configuration software revision
+        const std::string m = "Mgt_Reserve" + std::to_string(i);
+        const std::size_t at = MgtIndex(m);
+        r[at] = i <= 10 ? Value(std::int32_t{0}) : Value(std::string());
+        reset.push_back(MgtBlock()[at].member);
+    }
+    for (std::string_view m : reset) SetMember(store, m, r[MgtIndex(m)]);
+}
+
+std::vector<std::uint8_t> BinaryFileBytes(clsExGlobalVars& store) {
+    auto& r = Record();
+    const auto& mgt = MgtBlock();
+    for (std::size_t i = 0; i < mgt.size(); ++i)
+        if (mgt[i].type != F::Slot) r[i] = GetMember(store, mgt[i].member);
+
+    std::vector<std::uint8_t> out;
+    out.reserve(12 * 1024);
+    for (std::size_t i = 0; i < mgt.size(); ++i) PutValue(out, mgt[i].type, r[i]);
+    for (const Field& f : StoreBlocks())
+        PutValue(out, f.type,
+                 f.index < 0 ? GetMember(store, f.member) : GetElement(store, f.member, f.index));
+    return out;
+}
+
+void SaveBinaryFile(clsExGlobalVars& store, const std::string& path) {
+    const std::vector<std::uint8_t> bytes = BinaryFileBytes(store);
+    // Over an existing file from its first byte, without shortening it: the reader stops after
+    // the last block, so an older, longer file's tail is harmless.
+    std::FILE* file = std::fopen(path.c_str(), "r+b");
+    if (!file) file = std::fopen(path.c_str(), "wb");
+    if (!file) throw FileAccessError(path);
+    const std::size_t written = std::fwrite(bytes.data(), 1, bytes.size(), file);
+    const bool closed = std::fclose(file) == 0;
+    if (written != bytes.size() || !closed) throw std::runtime_error("write failed: " + path);
+}
+
+bool ParseBinaryBytes(std::span<const std::uint8_t> bytes, std::vector<QmvMemberValue>& values) {
+    values.clear();
+    ByteReader in(bytes);
+    Value v;
+    for (const Field& f : MgtBlock()) {
+        if (!in.Read(f.type, v)) return false;
+        if (f.type != F::Slot) values.push_back({f.member, f.index, v});
+    }
+    for (const Field& f : StoreBlocks()) {
+        if (!in.Read(f.type, v)) return false;
+        values.push_back({f.member, f.index, f.type == F::NeverUse ? Value(v.toDouble()) : v});
+    }
+    return true;
+}
+
+std::int32_t OpenBinaryFile(clsExGlobalVars& store, const std::string& path,
+                            const IComponentList* components) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return 1;
+    std::vector<std::uint8_t> bytes;
+    char buf[65536];
+    while (in && bytes.size() < kMaxFileBytes) {
+        in.read(buf, sizeof buf);
+        bytes.insert(bytes.end(), buf, buf + in.gcount());
+    }
+    if (in.bad()) return 1;
+    return OpenBinaryBytes(store, bytes, components);
+}
+
+std::int32_t OpenBinaryBytes(clsExGlobalVars& store, std::span<const std::uint8_t> bytes,
+                             const IComponentList* components) {
+    ISDKMessageService* messages = MessagesOf(store);
+
+    // Block 1 goes into the module's record field by field; the rest into a local image, so a
+    // file that ends early leaves the store as it was.
+    ByteReader in(bytes);
+    auto& r = Record();
+    const auto& mgt = MgtBlock();
+    for (std::size_t i = 0; i < mgt.size(); ++i)
+        if (!in.Read(mgt[i].type, r[i])) return 1;
+    const auto& fields = StoreBlocks();
+    std::vector<Value> image(fields.size());
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (!in.Read(fields[i].type, image[i])) return 1;
+
+    const std::string fileRevision = r[kRevisionField].str();
+    const bool oldRevision = fileRevision == "0.10.0" || fileRevision == "1.0.0";
+    if (fileRevision != store.Mgt_FileFormatRevNo && !oldRevision) {
+        try {
+            LogFileError(store, 2, 0, "Current file format error");
+        } catch (const std::exception&) {
+            // Without a log folder the entry is lost; the user still learns why.
+        }
+        Notice(messages, "QDF300 Warning",
+               "Current file format is version" + fileRevision +
+                   " This program only supports version " + store.Mgt_FileFormatRevNo + ".");
+        return 1;
+    }
+
+    try {
+        for (std::string_view m : kMgtReadBack) SetMember(store, m, r[MgtIndex(m)]);
+        for (std::size_t i = 0; i < fields.size(); ++i) Assign(store, fields[i], image[i]);
+    } catch (const std::exception&) {
+        return 1;
+    }
+    if (!oldRevision) return 0;
+
+    // Older revisions numbered devices and fluids differently: rebuild the codes from the names.
+    if (TranslatePrimaryDeviceName(store, store.UI_PEName) != 0) {
+        Notice(messages, "QDF300 Error", "Error occurs in translating primary element code");
+        return 1;
+    }
+    const IComponentList* list = components ? components : &CompoundTables();
+    if (TranslateFluidName(store, store.UI_FluidName, list) != 0) {
+        Notice(messages, "QDF300 Error", "Error occurs in translating fluid name code");
+        return 1;
+    }
+    return 0;
+}
+
+}  // namespace qdf
