@@ -1,0 +1,196 @@
+#include <QAction>
+#include <QLabel>
+#include <QScrollBar>
+
+#include "HostedModule.h"
+#include "Registry.h"
+
+using namespace qdf;
+using namespace qdf::test;
+
+namespace {
+const char* kReadOnly =
+    "You are not allowed to save and download data! Only maintenance and planningEngineer users "
+    "are allowed to write data! All inputs will be lost on close of this module.";
+}
+
+// Catches a load that completes early (before the last entry), twice, or leaves observers.
+TEST_F(HostedModule, SynchronousValuesCompleteOnceInsideTheLastEntry) {
+    AddDevice("qdf300_hart.json");
+    host.user.name = "PACTware";
+    Open();
+    EXPECT_EQ(module->CompletionCount(), 1);
+    EXPECT_FALSE(module->AllRequested());
+    EXPECT_TRUE(module->LoadScreen()->isHidden());
+    EXPECT_FALSE(Main().isHidden());
+    EXPECT_EQ(Main().CurrentPageControl(), static_cast<ctlPage*>(Main().ctlModeSelection1));
+    EXPECT_EQ(Store().varsInitialized, kTrue);
+    // The last entry's value made it into the store, so completion ran after its delivery.
+    EXPECT_EQ(Store().Xmtr_SimpleFlowCalcFixedVar, 1.0);
+    EXPECT_EQ(Store().Xmtr_SimpleRefTemp, 15.0);
+    EXPECT_EQ(Store().Xmtr_SimpleDensityBase, 1.0);
+    EXPECT_EQ(Store().Xmtr_Tag, "FT-101");
+    EXPECT_EQ(Store().Mgt_UserRole, "Maintenance");
+    EXPECT_EQ(Store().Mgt_UserName, "Maintenance");
+    EXPECT_EQ(Store().readonly(), kFalse);
+    EXPECT_EQ(Store().Mgt_FldCommType, 0);
+    EXPECT_TRUE(Main().ctlModeSelection1->optBasicMode->isChecked());
+    // Only the two temperature unit observers stay.
+    EXPECT_EQ(host.Manager()->AdvisedCount(), 2);
+    // No configuration strings on HART: those entries never block the load.
+    for (int i = 16; i <= 22; ++i) EXPECT_EQ(module->Entry(i).variable, nullptr) << i;
+    EXPECT_EQ(module->Entry(14).variable, nullptr);  // flow units: never observed
+    EXPECT_TRUE(Texts().empty());
+    EXPECT_EQ(Store().temp_units.size(), 3u);
+    EXPECT_EQ(Store().press_units.size(), 19u);
+}
+
+// Catches a load that gives up waiting for a value that never comes.
+TEST_F(HostedModule, ValueNeverDeliveredStaysLoading) {
+    AddDevice("qdf300_hart.json");
+    host.options.neverDeliver = {"ref_temp"};
+    Open();
+    EXPECT_EQ(module->CompletionCount(), 0);
+    EXPECT_FALSE(module->LoadScreen()->isHidden());
+    EXPECT_TRUE(Main().isHidden());
+    EXPECT_EQ(Store().varsInitialized, kFalse);
+    EXPECT_EQ(module->LoadScreen()->Label1->text(), "Module is loading Parameters... ");
+    EXPECT_EQ(module->ISDKModule_QueryDisconnect(), 4);
+    EXPECT_EQ(module->Store(), nullptr);
+}
+
+// Catches a module that runs without the installation key or says so in a message box.
+TEST_F(HostedModule, MissingInstallationKeyShowsErrorScreenOnly) {
+    AddDevice("qdf300_hart.json");
+    WriteRegistry("[SOFTWARE\\TAVRIN\\DTMs\\Other]\nPath=x\n");
+    Open();
+    EXPECT_FALSE(module->ErrorScreen()->isHidden());
+    EXPECT_EQ(module->ErrorScreen()->Label1->text(),
+              "In order to use this function, you must install KLM450(Trelwin Corvane) CD-ROM.");
+    EXPECT_TRUE(module->LoadScreen()->isHidden());
+    EXPECT_EQ(module->Store(), nullptr);
+    EXPECT_EQ(host.Manager()->AdvisedCount(), 0);
+    EXPECT_TRUE(Texts().empty());
+    EXPECT_EQ(module->ISDKModule_QueryDisconnect(), 4);
+}
+
+// Catches a missing business object that stops the wizard or goes unannounced.
+TEST_F(HostedModule, MissingBusinessObjectWarnsAndRuns) {
+    AddDevice("qdf300_hart.json");
+    host.options.provideBusinessObject = false;
+    Open();
+    ASSERT_EQ(Texts(), std::vector<std::string>{
+                           "Reading business object failed. No user interface persistency "
+                           "possible!"});
+    EXPECT_EQ(messages.shown[0].title, "QDF300 Warning");
+    EXPECT_EQ(messages.shown[0].kind, 1);
+    EXPECT_EQ(messages.shown[0].buttons, 2);
+    EXPECT_EQ(messages.shown[0].defaultButton, 4);
+    EXPECT_EQ(Store().FCWBO, nullptr);
+    EXPECT_EQ(Store().varsInitialized, kTrue);
+}
+
+// Catches the read-only warning tied to the role table instead of the level below 2.
+TEST_F(HostedModule, LowLevelsWarnHighLevelsAreSilentlyReadOnly) {
+    AddDevice("qdf300_hart.json");
+    host.user.level = 1;
+    Open();
+    EXPECT_EQ(Texts(), std::vector<std::string>{kReadOnly});
+    EXPECT_EQ(Store().readonly(), kTrue);
+    EXPECT_EQ(Store().Mgt_UserRole, "Operator");
+    host.CloseModuleNow();
+
+    messages.shown.clear();
+    host.user.level = 4;
+    Open();
+    EXPECT_TRUE(Texts().empty());
+    EXPECT_EQ(Store().readonly(), kTrue);
+}
+
+// Catches Fieldbus unit codes not mapped to the store's codes, or a pressure left unscaled.
+TEST_F(HostedModule, FieldbusUnitsMapToHartCodesWithRescaling) {
+    AddDevice("qdf300_ffh1.json");
+    frame::FrameDevice& d = host.Device(0);
+    ASSERT_TRUE(d.SetValue("FLOW_TRANSDUCER_BLOCK.0.STATIC_PRESSURE_UNIT", Value(1131)));
+    ASSERT_TRUE(d.SetValue("FLOW_TRANSDUCER_BLOCK.0.REF_STATIC_PRESSURE", Value(0.25)));
+    Open();
+    ASSERT_EQ(module->CompletionCount(), 1);
+    EXPECT_EQ(Store().XmtrFF_FtbStaticPressUnit, 1131);
+    EXPECT_EQ(Store().Xmtr_SimpleStaticPressUnit, 237);  // GPa shown as MPa
+    EXPECT_DOUBLE_EQ(Store().Xmtr_SimpleRefStaticPress, 250.0);
+    EXPECT_EQ(Store().XmtrFF_FtbTempUnitCode, 1001);
+    EXPECT_EQ(Store().Xmtr_SimpleTempUnit, 32);
+    EXPECT_EQ(Store().FF_FtbTempUnitCodeSave, 1001);
+    EXPECT_EQ(Store().Xmtr_CONFIG_WHO, "Maintenance");
+    EXPECT_EQ(Store().Xmtr_CONFIG_DATE, "2024-03-18 09:12");
+    EXPECT_EQ(Store().Mgt_FldCommType, 1);
+    EXPECT_EQ(Store().Xmtr_Tag, "FT-201");
+    // The density base is a HART parameter only: the default stays.
+    EXPECT_EQ(Store().Xmtr_SimpleDensityBase, 0.0);
+    EXPECT_FALSE(Main().MenuImportPMF->isVisible());
+}
+
+// Catches a later unit change that reaches the pages, or an update without observer taken in.
+TEST_F(HostedModule, TemperatureUnitChangeReachesOnlyTheSaveMember) {
+    AddDevice("qdf300_hart.json");
+    Open();
+    ASSERT_EQ(Store().HART_SimpleTempUnitSave, 32);
+    module->ISDKObserverCallback_Update(0, Value(35));
+    EXPECT_EQ(Store().HART_SimpleTempUnitSave, 32);
+    ASSERT_TRUE(host.Device(0).SetValue("et_units", Value(33)));
+    EXPECT_EQ(Store().HART_SimpleTempUnitSave, 33);
+    EXPECT_EQ(Store().Xmtr_SimpleTempUnit, 32);
+}
+
+// Catches the debug flag of the machine settings not opening the Flow Param entries.
+TEST_F(HostedModule, RegistryDebugFlagOpensFlowParamMenus) {
+    AddDevice("qdf300_hart.json");
+    WriteRegistry(
+        "[SOFTWARE\\TAVRIN\\DTMs\\SondraCommon]\nPath=/inst/\n"
+        "[SOFTWARE\\TAVRIN\\DTMs\\QDFSondra]\nMgt_DebugModeFlag=1\nWord=dword:0000001A\n");
+    Open();
+    EXPECT_EQ(Store().Mgt_DebugModeFlag, 1);
+    EXPECT_TRUE(Main().MenuImportFlowParamMgt->isVisible());
+    EXPECT_EQ(Store().Mgt_HelpFilePath, "/inst/");
+    std::string v;
+    EXPECT_TRUE(
+        module::GetKeyValue(module::RootKey::LocalMachine, module::kQDFSondraKey, "Word", v));
+    EXPECT_EQ(v, "26");
+    EXPECT_FALSE(
+        module::GetKeyValue(module::RootKey::LocalMachine, module::kQDFSondraKey, "None", v));
+    EXPECT_EQ(v, "");
+    EXPECT_FALSE(module::GetKeyValue(module::RootKey::CurrentUser, module::kQDFSondraKey,
+                                     "Mgt_DebugModeFlag", v));
+}
+
+// Catches observers left registered or the store kept after the frame's disconnect question.
+TEST_F(HostedModule, QueryDisconnectReleasesEverything) {
+    AddDevice("qdf300_hart.json");
+    Open();
+    ASSERT_EQ(host.Manager()->AdvisedCount(), 2);
+    EXPECT_EQ(module->ISDKModule_QueryDisconnect(), 4);
+    EXPECT_EQ(host.Manager()->AdvisedCount(), 0);
+    EXPECT_EQ(module->Store(), nullptr);
+    EXPECT_TRUE(Main().isHidden());
+    EXPECT_EQ(Main().Store(), nullptr);
+}
+
+// Catches scroll bars that do not appear, or that move the wizard the wrong way.
+TEST_F(HostedModule, HostedAreaScrollsOverTheWizard) {
+    AddDevice("qdf300_hart.json");
+    Open();
+    module->show();
+    module->resize(300, 200);
+    const StdScrollBars& bars = module->Scroller();
+    ASSERT_NE(bars.horizontal, nullptr);
+    EXPECT_FALSE(bars.horizontal->isHidden());
+    EXPECT_FALSE(bars.vertical->isHidden());
+    bars.horizontal->setValue(50);
+    bars.vertical->setValue(30);
+    EXPECT_EQ(Main().x(), -50);
+    EXPECT_EQ(Main().y(), -30);
+    module->resize(2000, 1500);
+    EXPECT_TRUE(bars.horizontal->isHidden());
+    EXPECT_TRUE(bars.vertical->isHidden());
+    EXPECT_EQ(Main().pos(), QPoint(0, 0));
+}
