@@ -18,6 +18,10 @@
 #ifndef SNDL_IAPWS_IF97_H
 #define SNDL_IAPWS_IF97_H
 
+#include <cmath>
+
+#include "if97_tables.h"
+
 namespace sndl::if97 {
 
 inline constexpr double kR = 461.526;  // J/(kg K), all regions
@@ -68,10 +72,37 @@ double Region3BoundaryT(const char* name, double p_Pa);
 // Density from (T, p): backward equation, then Newton on p(rho, T) to 1e-12 relative.
 double Region3Density(double T_K, double p_Pa, Side onLine);
 
-double SaturationPressure(double T_K);
-double SaturationTemperature(double p_Pa);
-double B23Pressure(double T_K);
-double B23Temperature(double p_Pa);
+// Saturation line (R7-97(2012) section 8) and B23 (section 4), inline: they sit in every
+// region decision.
+inline double SaturationPressure(double T) {
+    const double* n = kSaturation;
+    const double th = T + n[8] / (T - n[9]);
+    const double A = (th + n[0]) * th + n[1];
+    const double B = (n[2] * th + n[3]) * th + n[4];
+    const double C = (n[5] * th + n[6]) * th + n[7];
+    const double x = 2.0 * C / (-B + std::sqrt(B * B - 4.0 * A * C));
+    const double x2 = x * x;
+    return 1e6 * x2 * x2;
+}
+
+inline double SaturationTemperature(double p) {
+    const double* n = kSaturation;
+    const double beta = std::sqrt(std::sqrt(p / 1e6));
+    const double E = (beta + n[2]) * beta + n[5];
+    const double F = (n[0] * beta + n[3]) * beta + n[6];
+    const double G = (n[1] * beta + n[4]) * beta + n[7];
+    const double D = 2.0 * G / (-F - std::sqrt(F * F - 4.0 * E * G));
+    const double a = n[9] + D;
+    return 0.5 * (a - std::sqrt(a * a - 4.0 * (n[8] + n[9] * D)));
+}
+
+inline double B23Pressure(double T) {
+    return 1e6 * (kB23[0] + (kB23[1] + kB23[2] * T) * T);
+}
+
+inline double B23Temperature(double p) {
+    return kB23[3] + std::sqrt((p / 1e6 - kB23[4]) / kB23[2]);
+}
 
 // Viscosity at (T, rho), Pa s.
 double Viscosity(double T_K, double rho_kgm3);
