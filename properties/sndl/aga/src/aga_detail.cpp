@@ -39,13 +39,17 @@ HalfPower splitExponent(double u) {
 constexpr int kPlain = 10;
 constexpr int kMaxSparse = 32;
 
+// Two doubles per operation: the plain-term sums are the bulk of a call's arithmetic.
+using Lanes = double __attribute__((vector_size(16)));
+constexpr int kLanes = kPlain / 2;
+
 struct Tables {
     // E_i^(u_n/2) K_i^(3/2) (times the Q, F, S, W factors of term n): without binary
     // corrections, B*_n of a mixture is a_n (sum_i x_i phi_in)^2, or for the orientation
     // terms the product of that sum with the G-weighted one.
     int plainTerm[kPlain];
     int plainG[kPlain];  // index into the G-weighted sums, or -1
-    double phi[kComponents][kPlain];
+    Lanes phi[kComponents][kLanes];
     int gCount;
     double phiG[kComponents][kPlain];
     struct Sparse {
@@ -63,12 +67,14 @@ struct Tables {
     };
     Pair pairs[kDetailBinaryCount];
     // 2 a_n (pair term - separable part) of the plain terms, both orders counted.
-    alignas(16) double pairB[kDetailBinaryCount][kPlain];
+    Lanes pairB[kDetailBinaryCount][kLanes];
     Sparse specialPairs[kMaxSparse];  // the same for non-plain terms, by pair index
     int specialPairCount;
 
     HalfPower virialPow[kVirialTerms];
     HalfPower densityPow[kDensityTerms];
+    double densityA[kDensityTerms];
+    int densityFactor[kDensityTerms];  // 0 none, 1 G, 2 Q^2, 3 F: no term carries two
     int shapeOf[kDensityTerms];
     int shapeCount;
     int shapeB[kMaxShapes], shapeK[kMaxShapes];
@@ -102,8 +108,9 @@ Tables buildTables() {
         t.E25[i] = std::pow(c.E, 2.5);
         for (int k = 0; k < kPlain; ++k) {
             const DetailTerm& term = kDetailTerms[t.plainTerm[k]];
-            t.phi[i][k] = phiOf(c, term);
-            if (t.plainG[k] >= 0) t.phiG[i][t.plainG[k]] = t.phi[i][k] * c.G;
+            const double v = phiOf(c, term);
+            t.phi[i][k / 2][k % 2] = v;
+            if (t.plainG[k] >= 0) t.phiG[i][t.plainG[k]] = v * c.G;
         }
         for (int n = 0; n < kVirialTerms; ++n) {
             const double v = isPlain(kDetailTerms[n]) ? 0.0 : phiOf(c, kDetailTerms[n]);
@@ -130,7 +137,7 @@ Tables buildTables() {
             if (dB == 0.0) continue;
             if (isPlain(term)) {
                 for (int k = 0; k < kPlain; ++k) {
-                    if (t.plainTerm[k] == n) t.pairB[p][k] = dB;
+                    if (t.plainTerm[k] == n) t.pairB[p][k / 2][k % 2] = dB;
                 }
                 pr.hasB = true;
             } else {
@@ -143,6 +150,8 @@ Tables buildTables() {
     for (int n = 0; n < kDensityTerms; ++n) {
         const DetailTerm& term = kDetailTerms[n + 12];
         t.densityPow[n] = splitExponent(term.u);
+        t.densityA[n] = term.a;
+        t.densityFactor[n] = term.g ? 1 : term.q ? 2 : term.f ? 3 : 0;
         int s = 0;
         while (s < t.shapeCount && (t.shapeB[s] != term.b || t.shapeK[s] != term.k)) ++s;
         if (s == t.shapeCount) {
@@ -190,7 +199,7 @@ struct PowerTable {
 void detailMix(const double* x, DetailMix& mix) {
     const Tables& t = tables();
     double M = 0.0, sumK = 0.0, sumU = 0.0, G = 0.0, Q = 0.0, F = 0.0;
-    double s[kPlain] = {};
+    Lanes s0 = {}, s1 = {}, s2 = {}, s3 = {}, s4 = {};
     double sG[kPlain] = {};
     for (int i = 0; i < kComponents; ++i) {
         const double xi = x[i];
@@ -202,7 +211,12 @@ void detailMix(const double* x, DetailMix& mix) {
         G += xi * c.G;
         Q += xi * c.Q;
         F += xi * xi * c.F;
-        for (int k = 0; k < kPlain; ++k) s[k] += xi * t.phi[i][k];
+        const Lanes* ph = t.phi[i];
+        s0 += xi * ph[0];
+        s1 += xi * ph[1];
+        s2 += xi * ph[2];
+        s3 += xi * ph[3];
+        s4 += xi * ph[4];
         for (int g = 0; g < t.gCount; ++g) sG[g] += xi * t.phiG[i][g];
     }
     double sSpecial[kVirialTerms] = {};
@@ -211,7 +225,8 @@ void detailMix(const double* x, DetailMix& mix) {
     }
     double K5 = sumK * sumK;
     double U5 = sumU * sumU;
-    alignas(16) double corr[kPlain] = {};
+    static_assert(kLanes == 5, "the sums below are written out for five lanes");
+    Lanes c0 = {}, c1 = {}, c2 = {}, c3 = {}, c4 = {};
     for (int q = 0; q < kDetailBinaryCount; ++q) {
         const Tables::Pair& p = t.pairs[q];
         const double xx = x[p.i] * x[p.j];
@@ -220,8 +235,13 @@ void detailMix(const double* x, DetailMix& mix) {
         U5 += xx * p.dU5;
         G += xx * p.dG;
         if (p.hasB) {
-            const double* dB = t.pairB[q];
-            for (int k = 0; k < kPlain; ++k) corr[k] += xx * dB[k];
+            // Written out: accumulators in registers, not in a stack array.
+            const Lanes* b = t.pairB[q];
+            c0 += xx * b[0];
+            c1 += xx * b[1];
+            c2 += xx * b[2];
+            c3 += xx * b[3];
+            c4 += xx * b[4];
         }
     }
     // Non-plain terms carry no orientation factor, so the plain square applies to them too.
@@ -232,11 +252,14 @@ void detailMix(const double* x, DetailMix& mix) {
         const Tables::Pair& p = t.pairs[t.specialPairs[e].a];
         mix.Bstar[t.specialPairs[e].b] += x[p.i] * x[p.j] * t.specialPairs[e].v;
     }
+    const Lanes s[kLanes] = {s0, s1, s2, s3, s4};
+    const Lanes corr[kLanes] = {c0, c1, c2, c3, c4};
     for (int k = 0; k < kPlain; ++k) {
         const int n = t.plainTerm[k];
         const double a = kDetailTerms[n].a;
         const int g = t.plainG[k];
-        mix.Bstar[n] = a * (g >= 0 ? s[k] * sG[g] : s[k] * s[k]) + corr[k];
+        const double sk = s[k / 2][k % 2];
+        mix.Bstar[n] = a * (g >= 0 ? sk * sG[g] : sk * sk) + corr[k / 2][k % 2];
     }
     mix.M = M;
     mix.K3 = std::pow(K5, 0.6);
@@ -263,15 +286,11 @@ void detailState(const DetailMix& mix, double T, DetailState& st) {
     const double r = mix.U * tInv;
     const PowerTable<-13, 23> rp(r);
     const double sqrtR = std::sqrt(r);
-    const double Q2 = mix.Q * mix.Q;
+    const double factor[4] = {1.0, mix.G, mix.Q * mix.Q, mix.F};
     for (int s = 0; s < t.shapeCount; ++s) st.shapeCoef[s] = 0.0;
     double c1318 = 0.0;
     for (int n = 0; n < kDensityTerms; ++n) {
-        const DetailTerm& term = kDetailTerms[n + 12];
-        double c = term.a * rp(t.densityPow[n], sqrtR);
-        if (term.g) c *= mix.G;
-        if (term.q) c *= Q2;
-        if (term.f) c *= mix.F;
+        const double c = t.densityA[n] * rp(t.densityPow[n], sqrtR) * factor[t.densityFactor[n]];
         st.shapeCoef[t.shapeOf[n]] += c;
         if (n < kVirialTerms - 12) c1318 += c;
     }
