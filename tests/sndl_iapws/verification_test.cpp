@@ -1,6 +1,6 @@
-// IAPWS computer-program check values: IF97 (R7-97(2012)) Tables 5, 15, 33, 35, 42; the B23
-// check value; SR5-05(2016) Tables 3 and 5; R12-08 Table 4. Each value is compared to the
-// digits printed there.
+// IAPWS computer-program verification values: IF97 (R7-97(2012)) for regions 1, 2, 3 and 5,
+// the saturation line and B23; SR5-05(2016) for the region 3 boundary lines and backward
+// equations; R12-08 for viscosity. Each value is compared to the digits printed there.
 #include <gtest/gtest.h>
 
 #include <cmath>

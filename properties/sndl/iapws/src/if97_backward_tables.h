@@ -1,6 +1,6 @@
 // Region 3 backward equations v(T, p) of IAPWS SR5-05 (revised 2016): per subregion the
-// reducing values and exponents (Table 4 and its companions), the coefficients (Tables 6 to
-// 31), and the subregion boundary lines T(p) (Tables 2 and 3). Numbers as published.
+// reducing values and exponents, the coefficients of the 26 equations, and the subregion
+// boundary lines T(p). Numbers as published.
 #ifndef SNDL_IAPWS_IF97_BACKWARD_TABLES_H
 #define SNDL_IAPWS_IF97_BACKWARD_TABLES_H
 
