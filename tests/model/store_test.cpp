@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <optional>
-#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -474,9 +474,16 @@ TEST(InitializeUnits, SessionValues) {
     EXPECT_TRUE(s.propertyBag);
     EXPECT_EQ(s.XLsqr.upper(1), 0);
     EXPECT_EQ(s.XLsqr.upper(2), 0);
-    EXPECT_TRUE(
-        std::regex_match(s.Mgt_ConfDate, std::regex(R"(\d{4}-\d{2}-\d{2} \d{2}:\d{2}:\d{2})")))
-        << s.Mgt_ConfDate;
+    // "yyyy-mm-dd hh:nn:ss"
+    const std::string form = "dddd-dd-dd dd:dd:dd";
+    ASSERT_EQ(s.Mgt_ConfDate.size(), form.size()) << s.Mgt_ConfDate;
+    for (std::size_t i = 0; i < form.size(); ++i) {
+        if (form[i] == 'd')
+            EXPECT_TRUE(std::isdigit(static_cast<unsigned char>(s.Mgt_ConfDate[i])))
+                << s.Mgt_ConfDate;
+        else
+            EXPECT_EQ(s.Mgt_ConfDate[i], form[i]) << s.Mgt_ConfDate;
+    }
 }
 
 TEST(InitializeUnits, FieldbusListsFollowTheNation) {
