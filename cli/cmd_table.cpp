@@ -4,10 +4,12 @@ namespace qdf::cli {
 
 // Each defined in its own cmd_*.cpp.
 int cmdDefaults(const std::vector<std::string>& args, Io io);
+int cmdWizard(const std::vector<std::string>& args, Io io);
 
 std::span<const Command> commands() {
     static const Command table[] = {
         {"defaults", cmdDefaults},
+        {"wizard", cmdWizard},
     };
     return table;
 }
