@@ -4,11 +4,13 @@ namespace qdf::cli {
 
 // Each defined in its own cmd_*.cpp.
 int cmdDefaults(const std::vector<std::string>& args, Io io);
+int cmdProp(const std::vector<std::string>& args, Io io);
 int cmdWizard(const std::vector<std::string>& args, Io io);
 
 std::span<const Command> commands() {
     static const Command table[] = {
         {"defaults", cmdDefaults},
+        {"prop", cmdProp},
         {"wizard", cmdWizard},
     };
     return table;
