@@ -1,0 +1,98 @@
+#pragma once
+// A frame reduced to its message service, a private folder per test (also the log folder) and
+// file helpers shared by the file format tests.
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "SDKFrame.h"
+#include "clsExGlobalVars.h"
+
+namespace qdf::test {
+
+struct Shown {
+    std::string title, text;
+    int kind, buttons, def;
+    friend bool operator==(const Shown&, const Shown&) = default;
+};
+
+// Records every message; questions take the queued answers, then their default.
+class FakeFrame : public ISDKManager, public ISDKMessageService {
+  public:
+    std::deque<int> answers;
+    std::vector<Shown> shown;
+
+    void RequestBusinessObject(const std::string&, ISDKAsyncStatus*) override {}
+    ISDKVariable* FindVariable(std::int32_t, const std::string&) override { return nullptr; }
+    ISDKAccessor* OpenVariable(ISDKVariable*) override { return nullptr; }
+    std::shared_ptr<ISDKParameterWriter> GetParameterWriter() override { return nullptr; }
+    void CloseModule(const std::string&) override {}
+    ISDKMessageService* SDKMessageService() override { return this; }
+
+    std::int32_t ShowMessage(const std::string& title, const std::string& text, std::int32_t kind,
+                             std::int32_t buttons, std::int32_t def) override {
+        shown.push_back({title, text, kind, buttons, def});
+        if (buttons == 2 || answers.empty()) return buttons == 2 ? 4 : def;
+        const int a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+};
+
+class FileTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+        dir_ = std::filesystem::temp_directory_path() /
+               (std::string("qdf_files_") + info->test_suite_name() + "_" + info->name() + "_" +
+                std::to_string(::getpid()));
+        std::filesystem::remove_all(dir_);
+        std::filesystem::create_directories(dir_);
+        ::setenv("QDF_LOG_DIR", dir_.string().c_str(), 1);
+        store.BusID = "HART";
+        store.SDKManager = &frame;
+    }
+    void TearDown() override {
+        ::unsetenv("QDF_LOG_DIR");
+        std::filesystem::remove_all(dir_);
+    }
+
+    std::string Path(const std::string& name) const { return (dir_ / name).string(); }
+
+    static std::vector<std::uint8_t> ReadBytes(const std::string& path) {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    }
+    static std::string ReadText(const std::string& path) {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    }
+    static void WriteText(const std::string& path, const std::string& text) {
+        std::ofstream out(path, std::ios::binary | std::ios::trunc);
+        out << text;
+    }
+    static void WriteBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+        std::ofstream out(path, std::ios::binary | std::ios::trunc);
+        out.write(reinterpret_cast<const char*>(bytes.data()),
+                  static_cast<std::streamsize>(bytes.size()));
+    }
+
+    FakeFrame frame;
+    clsExGlobalVars store;
+
+  private:
+    std::filesystem::path dir_;
+};
+
+}  // namespace qdf::test
