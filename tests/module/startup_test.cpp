@@ -45,6 +45,21 @@ TEST_F(HostedModule, SynchronousValuesCompleteOnceInsideTheLastEntry) {
     EXPECT_EQ(Store().press_units.size(), 19u);
 }
 
+// Catches a load that needs the values during registration, or completes before the last one.
+TEST_F(HostedModule, LaterDeliveriesCompleteTheLoadOnce) {
+    AddDevice("qdf300_hart.json");
+    host.options.firstValueAtOnce = false;
+    Open();
+    EXPECT_EQ(module->CompletionCount(), 0);
+    EXPECT_TRUE(module->AllRequested());
+    EXPECT_FALSE(module->LoadScreen()->isHidden());
+    host.Manager()->DeliverPending();
+    EXPECT_EQ(module->CompletionCount(), 1);
+    EXPECT_TRUE(module->LoadScreen()->isHidden());
+    EXPECT_EQ(Store().Xmtr_SimpleFlowCalcFixedVar, 1.0);
+    EXPECT_EQ(host.Manager()->AdvisedCount(), 2);
+}
+
 // Catches a load that gives up waiting for a value that never comes.
 TEST_F(HostedModule, ValueNeverDeliveredStaysLoading) {
     AddDevice("qdf300_hart.json");
