@@ -1,13 +1,13 @@
 #include "StoreRegistry.h"
 
 #include <cctype>
-#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 #include <unordered_map>
 
+#include "NumberText.h"
 #include "clsExGlobalVars.h"
 
 namespace qdf {
@@ -18,21 +18,15 @@ namespace {
     throw std::invalid_argument("type mismatch: " + std::string(what));
 }
 
-// Number of a general value: booleans are -1/0, empty is 0, a string must be a whole number text.
+// Number of a general value: booleans are -1/0, empty is 0, a string must pass the numeric test.
 double NumberOf(const Value& v) {
     switch (v.kind()) {
         case Value::Kind::Empty:
             return 0.0;
         case Value::Kind::String: {
-            std::string_view t = v.str();
-            while (!t.empty() && (t.front() == ' ' || t.front() == '\t')) t.remove_prefix(1);
-            while (!t.empty() && (t.back() == ' ' || t.back() == '\t')) t.remove_suffix(1);
-            if (!t.empty() && t.front() == '+') t.remove_prefix(1);
-            double d = 0.0;
-            auto [end, ec] = std::from_chars(t.data(), t.data() + t.size(), d);
-            if (t.empty() || ec != std::errc() || end != t.data() + t.size())
-                TypeMismatch("'" + v.str() + "' is not a number");
-            return d;
+            const std::optional<double> d = ParseNumber(v.str());
+            if (!d) TypeMismatch("'" + v.str() + "' is not a number");
+            return *d;
         }
         case Value::Kind::StringArray:
             TypeMismatch("an array is not a number");
@@ -65,7 +59,7 @@ bool BoolOf(const Value& v) {
     return NumberOf(v) != 0.0;
 }
 
-// General text of a number: up to 15 significant digits, exponent form outside 1e-5 .. 1e15.
+// A number as text takes the plain number-to-text form.
 std::string TextOf(const Value& v) {
     switch (v.kind()) {
         case Value::Kind::Empty:
@@ -79,11 +73,10 @@ std::string TextOf(const Value& v) {
             return std::to_string(static_cast<long long>(v.toDouble()));
         case Value::Kind::StringArray:
             TypeMismatch("an array is not a text");
-        default: {
-            char buf[40];
-            std::snprintf(buf, sizeof buf, "%.15G", v.toDouble());
-            return buf;
-        }
+        case Value::Kind::Float:
+            return NumToTextSingle(*v.get_if<float>());
+        default:
+            return NumToText(v.toDouble());
     }
 }
 

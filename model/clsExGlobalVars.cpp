@@ -1,9 +1,9 @@
 #include "clsExGlobalVars.h"
 
-#include <ctime>
 #include <stdexcept>
 #include <string_view>
 
+#include "DateText.h"
 #include "Nation.h"
 #include "StoreRegistry.h"
 
@@ -76,15 +76,6 @@ void SplitUnitList(const Value& list, DynArray<std::string>& texts, DynArray<std
 std::string RightTrim(std::string s) {
     while (!s.empty() && s.back() == ' ') s.pop_back();
     return s;
-}
-
-std::string Now() {
-    const std::time_t t = std::time(nullptr);
-    std::tm tm{};
-    localtime_r(&t, &tm);
-    char buf[32];
-    std::strftime(buf, sizeof buf, "%Y-%m-%d %H:%M:%S", &tm);
-    return buf;
 }
 
 // Device parameter names by logical name: {logical, HART name, FFH1 name}.
@@ -489,7 +480,7 @@ void clsExGlobalVars::InitializeUnits(const Value& pressUnits, const Value& temp
     const std::string user = ConvertToKind(userName, MemberKind::String).str();
     Mgt_UserName = (user == "PACTware" || user.empty()) ? Mgt_UserRole : user;
 
-    Mgt_ConfDate = Now();
+    Mgt_ConfDate = NowDateTime();
     Mgt_CfgSoftRev = Mgt_SoftRevNO;
     varsChanged = kTrue;
     if (!propertyBag) propertyBag = std::make_shared<PropertyBag>();

@@ -422,6 +422,12 @@ TEST(StoreRegistry, MembersByNameConvertLikeTheStoreSetters) {
     EXPECT_EQ(qdf::GetMember(s, "UI_RangeTUnit").kind(), Value::Kind::Int16);
     EXPECT_THROW(qdf::SetMember(s, "UI_RangeTUnit", Value(40000.0)), std::overflow_error);
     EXPECT_THROW(qdf::SetMember(s, "UI_AtmPress", Value("1e")), std::invalid_argument);
+    qdf::SetMember(s, "UI_PEDiameterUnit", Value("1,000"));
+    EXPECT_EQ(s.UI_PEDiameterUnit, 1000);
+    qdf::SetMember(s, "UI_FluidName", Value(0.00001));
+    EXPECT_EQ(s.UI_FluidName, "1E-05");
+    qdf::SetMember(s, "UI_ChemID", Value(std::int32_t{7732}));
+    EXPECT_EQ(s.UI_ChemID, "7732");
     EXPECT_THROW(qdf::SetMember(s, "readonly", Value(false)), std::invalid_argument);
     EXPECT_THROW(qdf::SetMember(s, "NoSuchMember", Value(1.0)), std::invalid_argument);
     EXPECT_THROW(qdf::GetMember(s, "Y21"), std::invalid_argument);
