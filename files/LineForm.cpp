@@ -53,9 +53,13 @@ void LineBuilder::End() {
 }
 
 void LineBuilder::Save(const std::string& path) const {
+    SaveText(text_, path);
+}
+
+void SaveText(const std::string& utf8, const std::string& path) {
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     if (!out) throw FileAccessError(path);
-    const std::string ansi = Utf8ToAnsi(text_);
+    const std::string ansi = Utf8ToAnsi(utf8);
     out.write(ansi.data(), static_cast<std::streamsize>(ansi.size()));
     out.close();
     if (!out) throw std::runtime_error("write failed: " + path);
@@ -76,11 +80,14 @@ std::vector<std::string> SplitLines(std::string_view ansiText) {
     return lines;
 }
 
-std::vector<std::string> ReadLines(const std::string& path) {
+std::string ReadFileBytes(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     if (!in) throw FileAccessError(path);
-    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    return SplitLines(text);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+std::vector<std::string> ReadLines(const std::string& path) {
+    return SplitLines(ReadFileBytes(path));
 }
 
 std::string_view CellOf(std::string_view row) {

@@ -40,6 +40,11 @@ class LineBuilder {
 std::vector<std::string> SplitLines(std::string_view ansiText);
 // The file's lines; throws FileAccessError when it cannot be opened.
 std::vector<std::string> ReadLines(const std::string& path);
+// The file's bytes as they stand; throws FileAccessError when it cannot be opened.
+std::string ReadFileBytes(const std::string& path);
+// Replaces the file with the UTF-8 text in Windows-1252; FileAccessError when it can't be
+// opened for writing.
+void SaveText(const std::string& utf8, const std::string& path);
 
 // What follows the first comma of a row, or the whole row when it has none.
 std::string_view CellOf(std::string_view row);
