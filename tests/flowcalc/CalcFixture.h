@@ -1,8 +1,9 @@
 #pragma once
-// A store with the initial values, a private log folder (property failures are logged) and
-// helpers to describe a fluid and a range in kelvin and Pa.
+// A store with the initial values and a private log folder, plus the transmitter's own
+// evaluations of the fitted polynomials.
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <cstdlib>
@@ -11,23 +12,21 @@
 #include <string>
 #include <vector>
 
-#include <unistd.h>
-
 #include "ModDefaults.h"
 #include "SND.h"
 #include "clsExGlobalVars.h"
 
 namespace qdf::test {
 
-// The transmitter's evaluations of the fitted coefficients.
-inline double GasDensityPoly(const BoundedArray<double, 19>& a, double T, double pKPa) {
+// T in K, p in kPa absolute.
+inline double GasDensityPoly(const BoundedArray<double, 19>& a, double T, double p) {
     double sum = 0.0;
     for (int m = 0; m < 4; ++m)
-        sum += std::pow(pKPa, m) * (a[3 * m] + a[3 * m + 1] / T + a[3 * m + 2] / (T * T));
+        sum += std::pow(p, m) * (a[3 * m] + a[3 * m + 1] / T + a[3 * m + 2] / (T * T));
     return sum;
 }
 template <std::size_t N>
-inline double Cubic(const BoundedArray<double, N>& c, double T) {
+double Cubic(const BoundedArray<double, N>& c, double T) {
     return c[0] + c[1] * T + c[2] * T * T + c[3] * T * T * T;
 }
 
@@ -51,42 +50,38 @@ class CalcFixture : public ::testing::Test {
         ::setenv("QDF_LOG_DIR", logDir_.c_str(), 1);
         InitializeDefaults(s);
         s.BusID = "HART";
-        Reference(288.15, 101325.0);
+        s.UI_TempRefStandard = 288.15;
+        s.UI_PressRefStandard = 101325.0;
+        Orifice(50.0, 100.0);
     }
     void TearDown() override {
         std::error_code ec;
         std::filesystem::remove_all(logDir_, ec);
     }
-
-    // An orifice with flange taps, 2003 edition.
-    void Orifice(double d = 50.0, double D = 100.0) {
+    // Flange taps, 2003 edition.
+    void Orifice(double d, double D) {
         s.UI_PEName = "Orifice Flange Taps [ISO5167-2 2003]";
         s.UI_PEPrimaryDeviceCode = 6;
         s.UI_PEDiameterStandard = d;
         s.UI_PEPipeDiameterStandard = D;
     }
-    void Fluid(int32_t type, int32_t cat, const std::string& name, int32_t methodCode = 0) {
+    void Fluid(int32_t type, int32_t cat, const std::string& name, int32_t id = 0) {
         s.UI_FluidType = type;
         s.UI_FluidCat = cat;
         s.UI_FluidName = name;
-        s.UI_FluidNameMethodCode = methodCode;
+        s.UI_FluidNameMethodCode = id;
     }
-    // Range entered in kelvin and kPa absolute.
-    void Range(double t1, double t2, double p1KPa, double p2KPa) {
+    // Entered in kelvin and kPa absolute.
+    void Range(double t1, double t2, double p1, double p2) {
         s.UI_RangeTUnit = 35;
         s.UI_RangeT1 = s.UI_RangeT1Standard = t1;
         s.UI_RangeT2 = s.UI_RangeT2Standard = t2;
-        s.UI_RangePUnit = 0;
-        s.UI_RangeP1 = p1KPa;
-        s.UI_RangeP2 = p2KPa;
-        s.UI_RangeP1Standard = p1KPa * 1000.0;
-        s.UI_RangeP2Standard = p2KPa * 1000.0;
+        s.UI_RangeP1 = p1;
+        s.UI_RangeP2 = p2;
+        s.UI_RangeP1Standard = p1 * 1000.0;
+        s.UI_RangeP2Standard = p2 * 1000.0;
     }
-    void Reference(double tK, double pPa) {
-        s.UI_TempRefStandard = tK;
-        s.UI_PressRefStandard = pPa;
-    }
-    std::filesystem::path LogFile() const { return logDir_ / "QDFSondra.log"; }
+    bool Logged() const { return std::filesystem::exists(logDir_ / "QDFSondra.log"); }
 
     std::unique_ptr<clsExGlobalVars> owned_ = std::make_unique<clsExGlobalVars>();
     clsExGlobalVars& s = *owned_;
