@@ -3,7 +3,6 @@
 // every library failure a test provokes is logged where the test can read it.
 
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 #include <cstdlib>
@@ -22,8 +21,7 @@ class PropertyTest : public ::testing::Test {
     void SetUp() override {
         const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
         dir_ = std::filesystem::temp_directory_path() /
-               (std::string("qdf_props_") + info->test_suite_name() + "_" + info->name() + "_" +
-                std::to_string(::getpid()));
+               (std::string("qdf_props_") + info->name() + "_" + std::to_string(::getpid()));
         std::filesystem::remove_all(dir_);
         std::filesystem::create_directories(dir_);
         ::setenv("QDF_LOG_DIR", dir_.string().c_str(), 1);
@@ -34,11 +32,9 @@ class PropertyTest : public ::testing::Test {
         ::unsetenv("QDF_LOG_DIR");
         std::filesystem::remove_all(dir_);
     }
-
     std::filesystem::path LogPath(const std::string& file = "QDFSondra.log") const {
         return dir_ / file;
     }
-
     // The log's lines without their CR LF ends; a missing log has none.
     std::vector<std::string> LogLines(const std::string& file = "QDFSondra.log") const {
         std::ifstream in(LogPath(file), std::ios::binary);
@@ -46,24 +42,12 @@ class PropertyTest : public ::testing::Test {
         ss << in.rdbuf();
         const std::string text = ss.str();
         std::vector<std::string> lines;
-        std::size_t start = 0;
-        while (start < text.size()) {
-            const auto end = text.find("\r\n", start);
-            if (end == std::string::npos) {
-                lines.push_back(text.substr(start));
-                break;
-            }
+        for (std::size_t start = 0, end; start < text.size(); start = end + 2) {
+            end = text.find("\r\n", start);
+            if (end == std::string::npos) end = text.size();
             lines.push_back(text.substr(start, end - start));
-            start = end + 2;
         }
         return lines;
-    }
-
-    // Sets the error members as a previous report would have left them.
-    void ClearErrors() {
-        store.Gbl_ErrorCode = kNotEntered;
-        store.Gbl_ErrorSubCode = kNotEntered;
-        store.Gbl_ErrorMessage.clear();
     }
 
     std::filesystem::path dir_;
@@ -74,8 +58,7 @@ class PropertyTest : public ::testing::Test {
 inline std::vector<std::string> Fields(const std::string& line) {
     std::vector<std::string> out;
     std::stringstream ss(line);
-    std::string f;
-    while (std::getline(ss, f, ',')) out.push_back(f);
+    for (std::string f; std::getline(ss, f, ',');) out.push_back(f);
     return out;
 }
 
