@@ -26,6 +26,15 @@ void RequireSize(std::size_t have, std::int64_t need, const char* what) {
     Require(need >= 0 && static_cast<std::int64_t>(have) >= need, what);
 }
 
+// A working copy of a store vector for a library that may write into it; no heap in the
+// property calls of a grid.
+template <std::size_t N>
+std::array<double, N> Copy(const BoundedArray<double, N>& a) {
+    std::array<double, N> out;
+    std::copy(a.begin(), a.end(), out.begin());
+    return out;
+}
+
 }  // namespace
 
 int32_t DprGetClist(std::vector<std::string>& names, std::vector<int32_t>& ids) {
@@ -85,18 +94,18 @@ int32_t DprMixVdn(int32_t n, std::span<int32_t> ids, double T, double P, std::sp
 int32_t DprMixIcp(clsExGlobalVars& store, std::span<int32_t> ids, double T, double& cp) {
     const int32_t n = store.Y21.upper() + 1;
     RequireSize(ids.size(), n, "mixture ids shorter than Y21");
-    std::vector<double> y = store.GetY21();
+    auto y = Copy(store.Y21);
     const int32_t status = ::DprMixIcp(n, ids.data(), T, y.data(), &cp);
-    store.SetY21(y);
+    store.Y21.assign(y);
     return status;
 }
 
 int32_t DprMixVvs(clsExGlobalVars& store, std::span<int32_t> ids, double T, double& vis) {
     const int32_t n = store.Y21.upper() + 1;
     RequireSize(ids.size(), n, "mixture ids shorter than Y21");
-    std::vector<double> y = store.GetY21();
+    auto y = Copy(store.Y21);
     const int32_t status = ::DprMixVvs(n, ids.data(), T, y.data(), &vis);
-    store.SetY21(y);
+    store.Y21.assign(y);
     return status;
 }
 
@@ -139,43 +148,43 @@ int32_t IapwsTs(double P, double& T) {
 }
 
 int32_t AgaDtlVdnMw(clsExGlobalVars& store, double T, double P, double& vdn, double& mw) {
-    std::vector<double> y = store.GetY21();
+    auto y = Copy(store.Y21);
     const int32_t status = ::AgaDtlVdnMw(T, P, y.data(), &vdn, &mw);
-    store.SetY21(y);
+    store.Y21.assign(y);
     return status;
 }
 
 int32_t AgaGr1VdnMw(clsExGlobalVars& store, double T, double P, double hv, double rd, int32_t n,
                     double& vdn, double& mw) {
-    std::vector<double> x = store.GetXAga();
+    auto x = Copy(store.XAga);
     RequireSize(x.size(), n, "XAga shorter than n");
     const int32_t status = ::AgaGr1VdnMw(T, P, hv, rd, x.data(), n, &vdn, &mw);
-    store.SetXAga(x);
+    store.XAga.assign(x);
     return status;
 }
 
 int32_t AgaGr2VdnMw(clsExGlobalVars& store, double T, double P, double rd, int32_t n, double& vdn,
                     double& mw) {
-    std::vector<double> x = store.GetXAga();
+    auto x = Copy(store.XAga);
     RequireSize(x.size(), n, "XAga shorter than n");
     const int32_t status = ::AgaGr2VdnMw(T, P, rd, x.data(), n, &vdn, &mw);
-    store.SetXAga(x);
+    store.XAga.assign(x);
     return status;
 }
 
 int32_t IsoMcaVdnMw(clsExGlobalVars& store, double T, double P, double& vdn, double& mw) {
-    std::vector<double> y = store.GetY21();
+    auto y = Copy(store.Y21);
     const int32_t status = ::IsoMcaVdnMw(T, P, y.data(), &vdn, &mw);
-    store.SetY21(y);
+    store.Y21.assign(y);
     return status;
 }
 
 int32_t IsoPpmVdnMw(clsExGlobalVars& store, double T, double P, double hv, double rd, int32_t n,
                     double& vdn, double& mw) {
-    std::vector<double> x = store.GetXAga();
+    auto x = Copy(store.XAga);
     RequireSize(x.size(), n, "XAga shorter than n");
     const int32_t status = ::IsoPpmVdnMw(T, P, hv, rd, x.data(), n, &vdn, &mw);
-    store.SetXAga(x);
+    store.XAga.assign(x);
     return status;
 }
 
