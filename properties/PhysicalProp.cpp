@@ -297,7 +297,9 @@ int32_t GetMolecularWeight(clsExGlobalVars& store, int32_t /*fluidType*/, int32_
                 double value = 0.0;
                 if (!NaturalGasCall(store, name, tempK, pressPa, status, vdn, value)) return 0;
                 if (status != 0) {
-                    const int32_t kind = IsGrossMethod(name) ? kReportOther : kReportDensity;
+                    // Reported as a density failure, except for the two AGA8 gross methods.
+                    const bool aga8Gross = name == kAga8Gross1 || name == kAga8Gross2;
+                    const int32_t kind = aga8Gross ? kReportOther : kReportDensity;
                     ReportPropertyError(store, status, kind, tempK, pressPa, value);
                     return 1;
                 }
