@@ -6,9 +6,7 @@
 #include <unistd.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <filesystem>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -83,8 +81,7 @@ class CalcFixture : public ::testing::Test {
     }
     bool Logged() const { return std::filesystem::exists(logDir_ / "QDFSondra.log"); }
 
-    std::unique_ptr<clsExGlobalVars> owned_ = std::make_unique<clsExGlobalVars>();
-    clsExGlobalVars& s = *owned_;
+    clsExGlobalVars s;
 
   private:
     std::filesystem::path logDir_;

