@@ -6,12 +6,13 @@ namespace qdf::cli {
 int cmdDefaults(const std::vector<std::string>& args, Io io);
 int cmdProp(const std::vector<std::string>& args, Io io);
 int cmdWizard(const std::vector<std::string>& args, Io io);
+int cmdQmv(const std::vector<std::string>& args, Io io);
+int cmdCalc(const std::vector<std::string>& args, Io io);
 
 std::span<const Command> commands() {
     static const Command table[] = {
-        {"defaults", cmdDefaults},
-        {"prop", cmdProp},
-        {"wizard", cmdWizard},
+        {"defaults", cmdDefaults}, {"prop", cmdProp}, {"wizard", cmdWizard},
+        {"qmv", cmdQmv},           {"calc", cmdCalc},
     };
     return table;
 }
