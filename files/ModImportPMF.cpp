@@ -239,6 +239,11 @@ std::int32_t ImportPMFFile(clsExGlobalVars& store, const std::string& path) {
     if (store.SDKManager == nullptr) return 1;
     IniSections sections;
     if (!ReadIniFile(path, sections)) return 1;
+    return ImportPMFSections(store, sections);
+}
+
+std::int32_t ImportPMFSections(clsExGlobalVars& store, const IniSections& sections) {
+    if (store.SDKManager == nullptr) return 1;
     if (sections.Count() == 0) return 0;
     const clsIniSection* parameters = sections.Find("Parameters");
     if (parameters == nullptr) return 1;

@@ -17,6 +17,7 @@ class ISDKMessageService;
 namespace qdf {
 
 class clsExGlobalVars;
+class IniSections;
 
 inline constexpr const char* kPmfOverwriteQuestion =
     "Device configuration in offline data will be overwritten! Are you sure you want to proceed?";
@@ -42,6 +43,8 @@ std::optional<Value> ParsePmfValue(std::string_view text);
 // the store has no frame. A file without sections writes nothing and returns 0. A parameter
 // that the frame fails to set is passed over.
 std::int32_t ImportPMFFile(clsExGlobalVars& store, const std::string& path);
+// The same over sections already read.
+std::int32_t ImportPMFSections(clsExGlobalVars& store, const IniSections& sections);
 
 // The Import PMF menu command: open dialog (path kept in Gbl_SaveBinaryFilePath), existence
 // test, the overwrite question, the import. Returns true when the import ran through.

@@ -5,22 +5,69 @@
 #include <string>
 #include <vector>
 
+#include <map>
+#include <set>
+
+#include "FileTestSupport.h"
 #include "ModImportPMF.h"
-#include "clsExGlobalVars.h"
-#include "report_pmf_fakes.h"
 
 namespace {
 
-using qdf::clsExGlobalVars;
 using qdf::Value;
-using qdf::test::RecordingManager;
-using qdf::test::ScratchDir;
-using qdf::test::WriteBytes;
+
+struct Written {
+    std::string menu, parameter;
+    Value value;
+    friend bool operator==(const Written&, const Written&) = default;
+};
+
+// A frame that knows every name but those listed, records each value written, and refuses the
+// writes of the parameters listed.
+class WritingFrame : public qdf::test::FakeFrame, public ISDKParameterWriter {
+  public:
+    std::set<std::string> unknown, refused;
+    std::vector<Written> writes;
+
+    ISDKVariable* FindVariable(std::int32_t kind, const std::string& name) override {
+        if (kind != 1 || name.empty() || unknown.count(name)) return nullptr;
+        auto& v = vars_[name];
+        if (!v) v = std::make_unique<Named>(name);
+        return v.get();
+    }
+    std::shared_ptr<ISDKParameterWriter> GetParameterWriter() override {
+        return std::shared_ptr<ISDKParameterWriter>(std::shared_ptr<void>(), this);
+    }
+    void OpenMenu(ISDKVariable*, ISDKAsyncStatus*) override {}
+    void BeginWrite(ISDKVariable*, ISDKVariable*, ISDKAsyncStatus*) override {}
+    void WriteValue(ISDKVariable* m, ISDKVariable* p, const Value& v, ISDKAsyncStatus*) override {
+        if (refused.count(p->Name())) throw SDKError("refused");
+        writes.push_back({m->Name(), p->Name(), v});
+    }
+    void EndWrite(ISDKVariable*, ISDKVariable*, ISDKAsyncStatus*) override {}
+    void CloseMenu(ISDKVariable*, ISDKAsyncStatus*) override {}
+
+  private:
+    struct Named : ISDKVariable {
+        explicit Named(std::string n) : name(std::move(n)) {}
+        std::string Name() const override { return name; }
+        std::string name;
+    };
+    std::map<std::string, std::unique_ptr<Named>> vars_;
+};
+
+class PmfImport : public qdf::test::FileTest {
+  protected:
+    void SetUp() override {
+        FileTest::SetUp();
+        store.SDKManager = &device;
+    }
+    WritingFrame device;
+};
 
 // Detects: a wrong type for a type name, integers rounded the wrong way at .5, a value text
 // with commas cut at its first comma, out-of-range values passed on instead of dropped,
 // untrimmed parts, an unknown or missing type name losing the text.
-TEST(PmfImport, ValueTextsConvertByTheirTypeName) {
+TEST_F(PmfImport, ValueTextsConvertByTheirTypeName) {
     using qdf::ParsePmfValue;
     EXPECT_EQ(ParsePmfValue(" 12 , vbInteger"), Value(std::int16_t{12}));
     EXPECT_EQ(ParsePmfValue("2.5,vbInteger"), Value(std::int16_t{2}));
@@ -51,7 +98,7 @@ TEST(PmfImport, ValueTextsConvertByTheirTypeName) {
 
 // Detects: a name of the table that a file key cannot reach (a typo in a short key), a wrong
 // cut length, keys shorter than five characters matching something.
-TEST(PmfImport, EveryParameterIsReachedWithEitherPrefixLength) {
+TEST_F(PmfImport, EveryParameterIsReachedWithEitherPrefixLength) {
     const char* names[] = {"pressure_units",
                            "pressure_lower_range_value",
                            "pressure_upper_range_value",
@@ -138,139 +185,96 @@ const char* kPmfText =
     "013flow_units=57,vbInteger\r\n"
     "014et_units=32,vbInteger\r\n";
 
-struct Expected {
-    std::string menu;
-    std::string parameter;
-    Value value;
-};
-
-void ExpectWrites(const RecordingManager& frame, const std::vector<Expected>& want) {
-    ASSERT_EQ(frame.writes.size(), want.size());
-    for (size_t i = 0; i < want.size(); ++i) {
-        EXPECT_EQ(frame.writes[i].menu, want[i].menu) << i;
-        EXPECT_EQ(frame.writes[i].parameter, want[i].parameter) << i;
-        EXPECT_EQ(frame.writes[i].value, want[i].value) << i;
-    }
-}
-
 // Detects: entries of other sections imported, file order lost, the identification parameters
 // left out, a refused or unknown parameter stopping the import, unknown keys or bad values
 // written, the store touched.
-TEST(PmfImport, WritesKnownEntriesOfParametersInFileOrder) {
-    ScratchDir dir("pmf");
-    const std::string path = dir.File("device.PMF");
-    WriteBytes(path, kPmfText);
-    RecordingManager frame;
-    frame.unknown = {"flow_units"};  // a device revision without it
-    frame.refused = {"hl_swap"};     // the frame refuses this one
-    clsExGlobalVars s;
-    s.SDKManager = &frame;
-    s.Xmtr_Tag = "OLD";
+TEST_F(PmfImport, WritesKnownEntriesOfParametersInFileOrder) {
+    const std::string path = Path("device.PMF");
+    WriteText(path, kPmfText);
+    device.unknown = {"flow_units"};  // a device revision without it
+    device.refused = {"hl_swap"};     // the frame refuses this one
+    store.Xmtr_Tag = "OLD";
 
-    EXPECT_EQ(qdf::ImportPMFFile(s, path), 0);
-    ExpectWrites(frame,
-                 {
-                     {"qdf_menu_dummy", "pressure_units", Value(std::int16_t{12})},
-                     {"qdf_menu_dummy", "pressure_upper_range_value", Value(250.5f)},
-                     {"upload_variables", "low_cut_point", Value(std::int16_t{2})},
-                     {"upload_variables", "tag", Value("FT-101")},
-                     {"upload_variables", "date", Value("2024-03-05")},
-                     {"upload_variables", "descriptor", Value("LINE 4, NORTH")},
-                     {"upload_variables", "message", Value("no type here")},
-                     {"upload_variables", "final_assembly_number", Value(std::int32_t{123456})},
-                     {"qdf_menu_sp_setup", "atm_pres_value", Value(101.3)},
-                     {"upload_variables", "et_units", Value(std::int16_t{32})},
-                 });
-    EXPECT_EQ(s.Xmtr_Tag, "OLD");
-    EXPECT_TRUE(frame.messages.shown.empty());
+    EXPECT_EQ(qdf::ImportPMFFile(store, path), 0);
+    EXPECT_EQ(device.writes,
+              (std::vector<Written>{
+                  {"qdf_menu_dummy", "pressure_units", Value(std::int16_t{12})},
+                  {"qdf_menu_dummy", "pressure_upper_range_value", Value(250.5f)},
+                  {"upload_variables", "low_cut_point", Value(std::int16_t{2})},
+                  {"upload_variables", "tag", Value("FT-101")},
+                  {"upload_variables", "date", Value("2024-03-05")},
+                  {"upload_variables", "descriptor", Value("LINE 4, NORTH")},
+                  {"upload_variables", "message", Value("no type here")},
+                  {"upload_variables", "final_assembly_number", Value(std::int32_t{123456})},
+                  {"qdf_menu_sp_setup", "atm_pres_value", Value(101.3)},
+                  {"upload_variables", "et_units", Value(std::int16_t{32})},
+              }));
+    EXPECT_EQ(store.Xmtr_Tag, "OLD");
+    EXPECT_TRUE(device.shown.empty());
 }
 
 // Detects: a file without "Parameters" passing as success, an empty file reported as an
-// error, a missing file or a missing frame not failing.
-TEST(PmfImport, FileLevelFailures) {
-    ScratchDir dir("pmf");
-    RecordingManager frame;
-    clsExGlobalVars s;
-    s.SDKManager = &frame;
-
-    const std::string other = dir.File("other.PMF");
-    WriteBytes(other, "[Device]\r\n001tag=X,vbString\r\n");
-    EXPECT_EQ(qdf::ImportPMFFile(s, other), 1);
-
-    const std::string empty = dir.File("empty.PMF");
-    WriteBytes(empty, "; nothing\r\nloose=1\r\n");
-    EXPECT_EQ(qdf::ImportPMFFile(s, empty), 0);
-
-    const std::string lower = dir.File("lower.PMF");
-    WriteBytes(lower, "[parameters]\n001tag=X,vbString\n");
-    EXPECT_EQ(qdf::ImportPMFFile(s, lower), 0);
-
-    EXPECT_EQ(qdf::ImportPMFFile(s, dir.File("missing.PMF")), 1);
-    ExpectWrites(frame, {{"upload_variables", "tag", Value("X")}});
-
-    s.SDKManager = nullptr;
-    EXPECT_EQ(qdf::ImportPMFFile(s, lower), 1);
+// error, a section name compared with its case, a missing file or a missing frame not failing.
+TEST_F(PmfImport, FileLevelFailures) {
+    WriteText(Path("other.PMF"), "[Device]\r\n001tag=X,vbString\r\n");
+    EXPECT_EQ(qdf::ImportPMFFile(store, Path("other.PMF")), 1);
+    WriteText(Path("empty.PMF"), "; nothing\r\nloose=1\r\n");
+    EXPECT_EQ(qdf::ImportPMFFile(store, Path("empty.PMF")), 0);
+    WriteText(Path("lower.PMF"), "[parameters]\n001tag=X,vbString\n");
+    EXPECT_EQ(qdf::ImportPMFFile(store, Path("lower.PMF")), 0);
+    EXPECT_EQ(qdf::ImportPMFFile(store, Path("missing.PMF")), 1);
+    EXPECT_EQ(device.writes, (std::vector<Written>{{"upload_variables", "tag", Value("X")}}));
+    store.SDKManager = nullptr;
+    EXPECT_EQ(qdf::ImportPMFFile(store, Path("lower.PMF")), 1);
 }
 
 // Detects: the dialog without the PMF filter, the chosen path not kept (or kept after a
 // missing file), a missing file asked about instead of refused, an import without a yes, a
 // failed import without its message.
-TEST(PmfImport, MenuCommandScriptedDialogAndMessages) {
-    ScratchDir dir("pmf");
-    RecordingManager frame;
-    clsExGlobalVars s;
-    s.SDKManager = &frame;
-    s.Gbl_SaveBinaryFilePath = "old.qmv";
+TEST_F(PmfImport, MenuCommandScriptedDialogAndMessages) {
+    using qdf::test::Shown;
+    store.Gbl_SaveBinaryFilePath = "old.qmv";
     std::vector<std::string> filters;
     std::string answer;
     const qdf::ChooseFile dialog = [&](const std::string& filter, const std::string&) {
         filters.push_back(filter);
         return answer;
     };
-    auto& shown = frame.messages.shown;
+    const Shown openError{"QDF300 Error", "Error occurs while opening a file", 1, 2, 4};
+    const Shown ask{"QDF300 Warning",
+                    "Device configuration in offline data will be overwritten! Are you sure you "
+                    "want to proceed?",
+                    3, 5, 7};
 
     // Cancelled: the empty choice is kept and nothing else happens.
-    EXPECT_FALSE(qdf::ImportPMFCommand(s, frame.messages, dialog));
+    EXPECT_FALSE(qdf::ImportPMFCommand(store, device, dialog));
     EXPECT_EQ(filters, std::vector<std::string>{"PMF File (*.PMF) | *.PMF"});
-    EXPECT_EQ(s.Gbl_SaveBinaryFilePath, "");
-    EXPECT_TRUE(shown.empty());
+    EXPECT_EQ(store.Gbl_SaveBinaryFilePath, "");
+    EXPECT_TRUE(device.shown.empty());
 
-    answer = dir.File("missing.PMF");
-    EXPECT_FALSE(qdf::ImportPMFCommand(s, frame.messages, dialog));
-    ASSERT_EQ(shown.size(), 1u);
-    EXPECT_EQ(shown[0].title, "QDF300 Error");
-    EXPECT_EQ(shown[0].text, "Error occurs while opening a file");
-    EXPECT_EQ(std::vector<int>({shown[0].kind, shown[0].buttons, shown[0].defaultButton}),
-              std::vector<int>({1, 2, 4}));
-    EXPECT_EQ(s.Gbl_SaveBinaryFilePath, "");
+    answer = Path("missing.PMF");
+    EXPECT_FALSE(qdf::ImportPMFCommand(store, device, dialog));
+    EXPECT_EQ(device.shown, std::vector<Shown>{openError});
+    EXPECT_EQ(store.Gbl_SaveBinaryFilePath, "");
 
-    answer = dir.File("device.PMF");
-    WriteBytes(answer, "[Parameters]\r\n001tag=FT-7,vbString\r\n");
-    shown.clear();
-    frame.messages.answers = {qdf::sdk::kMessageAnswerNo};
-    EXPECT_FALSE(qdf::ImportPMFCommand(s, frame.messages, dialog));
-    ASSERT_EQ(shown.size(), 1u);
-    EXPECT_EQ(shown[0].title, "QDF300 Warning");
-    EXPECT_EQ(shown[0].text,
-              "Device configuration in offline data will be overwritten! Are you sure you want "
-              "to proceed?");
-    EXPECT_EQ(std::vector<int>({shown[0].kind, shown[0].buttons, shown[0].defaultButton}),
-              std::vector<int>({3, 5, 7}));
-    EXPECT_TRUE(frame.writes.empty());
+    answer = Path("device.PMF");
+    WriteText(answer, "[Parameters]\r\n001tag=FT-7,vbString\r\n");
+    device.shown.clear();
+    device.answers = {7};
+    EXPECT_FALSE(qdf::ImportPMFCommand(store, device, dialog));
+    EXPECT_EQ(device.shown, std::vector<Shown>{ask});
+    EXPECT_TRUE(device.writes.empty());
 
-    frame.messages.answers = {qdf::sdk::kMessageAnswerYes};
-    EXPECT_TRUE(qdf::ImportPMFCommand(s, frame.messages, dialog));
-    EXPECT_EQ(s.Gbl_SaveBinaryFilePath, answer);
-    ExpectWrites(frame, {{"upload_variables", "tag", Value("FT-7")}});
-    EXPECT_EQ(shown.size(), 2u);
+    device.answers = {6};
+    EXPECT_TRUE(qdf::ImportPMFCommand(store, device, dialog));
+    EXPECT_EQ(store.Gbl_SaveBinaryFilePath, answer);
+    EXPECT_EQ(device.writes, (std::vector<Written>{{"upload_variables", "tag", Value("FT-7")}}));
 
-    WriteBytes(answer, "[Device]\r\n001tag=FT-8,vbString\r\n");
-    shown.clear();
-    frame.messages.answers = {qdf::sdk::kMessageAnswerYes};
-    EXPECT_FALSE(qdf::ImportPMFCommand(s, frame.messages, dialog));
-    ASSERT_EQ(shown.size(), 2u);
-    EXPECT_EQ(shown[1].text, "Error occurs while opening a file");
-    EXPECT_EQ(shown[1].title, "QDF300 Error");
+    WriteText(answer, "[Device]\r\n001tag=FT-8,vbString\r\n");
+    device.shown.clear();
+    device.answers = {6};
+    EXPECT_FALSE(qdf::ImportPMFCommand(store, device, dialog));
+    EXPECT_EQ(device.shown, (std::vector<Shown>{ask, openError}));
 }
 
 }  // namespace

@@ -6,628 +6,494 @@
 #include <string>
 #include <vector>
 
+#include "FileTestSupport.h"
 #include "ModReport.h"
-#include "clsExGlobalVars.h"
-#include "report_pmf_fakes.h"
 
 namespace {
 
 using qdf::clsExGlobalVars;
-using qdf::test::ReadBytes;
-using qdf::test::RecordingManager;
-using qdf::test::ScratchDir;
-using qdf::test::WriteBytes;
 
-// Every line must end in CR LF; returns the lines without their ends.
-std::vector<std::string> ReportLines(const std::string& path) {
-    const std::string bytes = ReadBytes(path);
+std::vector<std::string> Split(const std::string& text, const std::string& sep) {
     std::vector<std::string> lines;
     size_t start = 0;
-    while (start < bytes.size()) {
-        const size_t end = bytes.find("\r\n", start);
-        if (end == std::string::npos) {
-            ADD_FAILURE() << "text after the last CR LF: " << bytes.substr(start);
-            break;
-        }
-        lines.push_back(bytes.substr(start, end - start));
-        start = end + 2;
-    }
+    for (size_t end; (end = text.find(sep, start)) != std::string::npos; start = end + sep.size())
+        lines.push_back(text.substr(start, end - start));
+    if (start < text.size()) lines.push_back(text.substr(start) + "<no CR LF>");
     return lines;
 }
 
-void ExpectLines(const std::vector<std::string>& got, const std::vector<std::string>& want) {
-    for (size_t i = 0; i < std::min(got.size(), want.size()); ++i)
-        EXPECT_EQ(got[i], want[i]) << "line " << i + 1;
-    EXPECT_EQ(got.size(), want.size());
+// Expected text is written one report line per source line.
+void ExpectLines(const std::vector<std::string>& got, std::string want) {
+    if (!want.empty() && want.back() != '\n') want += '\n';
+    const std::vector<std::string> w = Split(want, "\n");
+    for (size_t i = 0; i < std::min(got.size(), w.size()); ++i)
+        EXPECT_EQ(got[i], w[i]) << "line " << i + 1;
+    EXPECT_EQ(got.size(), w.size());
 }
 
-std::vector<std::string> Concat(std::initializer_list<std::vector<std::string>> parts) {
-    std::vector<std::string> all;
-    for (const auto& p : parts) all.insert(all.end(), p.begin(), p.end());
-    return all;
-}
+const std::string kGeneral = R"x("========","========","REPORT FILE","========","========"
+""
+""
+"<General Information>"
+"Program Name: ","QDFSondra"
+"Software Revision Name","1.05.00"
+"File Format Revision Number","1.00.00"
+"Configuration Date and Time","2024-03-05 14:07:09"
+"Configuration User Name","operator"
+"Configuration Software Revision","1.04.00"
+"Field Communication Type","HART"
+)x";
 
-void FillGeneral(clsExGlobalVars& s, std::int32_t mode) {
-    s.Mgt_ProgramName = "QDFSondra";
-    s.Mgt_SoftRevNO = "1.05.00";
-    s.Mgt_FileFormatRevNo = "1.00.00";
-    s.Mgt_ConfDate = "2024-03-05 14:07:09";
-    s.Mgt_UserName = "operator";
-    s.Mgt_CfgSoftRev = "1.04.00";
-    s.Mgt_FldCommType = 0;
-    s.Xmtr_SimpleFlowCalcMode = mode;
-    s.Xmtr_Tag = "FT-101";
-}
+const std::string kPrimaryDevice = R"x("<Primary Device and Pipe Setup>"
+"Primary Device Type","Orifice"
+"Primary Device Name","Orifice Flange Taps [ISO5167-2 2003]"
+"Primary Device Code",6
+"Primary Device Discharge Coefficient",-999999
+"Primary Device Expansion Factor",-999999
+"Primary Device Diameter",50.8
+"Primary Device Diameter Unit","mm"
+"Primary Device Temperature",20
+"Primary Device Temperature Unit","degC"
+"Primary Device Material","304 Stainless Steel"
+""
+"Pipe Diameter",102.26
+"Pipe Diameter Unit","in"
+"Pipe Temperature",68
+"Pipe Temperature Unit","degF"
+"Pipe Material","Carbon Steel"
+""
+)x";
 
-std::vector<std::string> GeneralLines(const std::string& modeText) {
-    return {
-        R"r("========","========","REPORT FILE","========","========")r",
-        R"r("")r",
-        R"r("")r",
-        R"r("<General Information>")r",
-        R"r("Program Name: ","QDFSondra")r",
-        R"r("Software Revision Name","1.05.00")r",
-        R"r("File Format Revision Number","1.00.00")r",
-        R"r("Configuration Date and Time","2024-03-05 14:07:09")r",
-        R"r("Configuration User Name","operator")r",
-        R"r("Configuration Software Revision","1.04.00")r",
-        R"r("Field Communication Type","HART")r",
-        "\"Flow Configuration Mode\",\"" + modeText + "\"",
-        R"r("Tag","FT-101")r",
-        R"r("")r",
-    };
-}
-
-// An orifice in a pipe; the discharge coefficient and expansion factor left unentered.
-void FillPrimaryDevice(clsExGlobalVars& s) {
-    s.UI_PEType = 0;
-    s.UI_PEName = "Orifice Flange Taps [ISO5167-2 2003]";
-    s.UI_PEPrimaryDeviceCode = 6;
-    s.UI_PEDiameter = 50.8;
-    s.UI_PEDiameterUnit = 49;
-    s.UI_PETemp = 20;
-    s.UI_PETempUnit = 32;
-    s.UI_PEMaterial = "304 Stainless Steel";
-    s.UI_PEPipeDiameter = 102.26;
-    s.UI_PEPipeDiameterUnit = 47;
-    s.UI_PipeTemperature = 68;
-    s.UI_PipeTemperatureUnit = 33;
-    s.UI_PipeMaterial = "Carbon Steel";
-}
-
-const std::vector<std::string> kPrimaryDeviceLines = {
-    R"r("<Primary Device and Pipe Setup>")r",
-    R"r("Primary Device Type","Orifice")r",
-    R"r("Primary Device Name","Orifice Flange Taps [ISO5167-2 2003]")r",
-    R"r("Primary Device Code",6)r",
-    R"r("Primary Device Discharge Coefficient",-999999)r",
-    R"r("Primary Device Expansion Factor",-999999)r",
-    R"r("Primary Device Diameter",50.8)r",
-    R"r("Primary Device Diameter Unit","mm")r",
-    R"r("Primary Device Temperature",20)r",
-    R"r("Primary Device Temperature Unit","degC")r",
-    R"r("Primary Device Material","304 Stainless Steel")r",
-    R"r("")r",
-    R"r("Pipe Diameter",102.26)r",
-    R"r("Pipe Diameter Unit","in")r",
-    R"r("Pipe Temperature",68)r",
-    R"r("Pipe Temperature Unit","degF")r",
-    R"r("Pipe Material","Carbon Steel")r",
-    R"r("")r",
+class Report : public qdf::test::FileTest {
+  protected:
+    // General values, an orifice (coefficient and expansion factor left unentered), a range.
+    void Fill(std::int32_t mode) {
+        clsExGlobalVars& s = store;
+        s.Mgt_ProgramName = "QDFSondra";
+        s.Mgt_SoftRevNO = "1.05.00";
+        s.Mgt_FileFormatRevNo = "1.00.00";
+        s.Mgt_ConfDate = "2024-03-05 14:07:09";
+        s.Mgt_UserName = "operator";
+        s.Mgt_CfgSoftRev = "1.04.00";
+        s.Mgt_FldCommType = 0;
+        s.Xmtr_SimpleFlowCalcMode = mode;
+        s.Xmtr_Tag = "FT-101";
+        s.UI_PEType = 0;
+        s.UI_PEName = "Orifice Flange Taps [ISO5167-2 2003]";
+        s.UI_PEPrimaryDeviceCode = 6;
+        s.UI_PEDiameter = 50.8;
+        s.UI_PEDiameterUnit = 49;
+        s.UI_PETemp = 20;
+        s.UI_PETempUnit = 32;
+        s.UI_PEMaterial = "304 Stainless Steel";
+        s.UI_PEPipeDiameter = 102.26;
+        s.UI_PEPipeDiameterUnit = 47;
+        s.UI_PipeTemperature = 68;
+        s.UI_PipeTemperatureUnit = 33;
+        s.UI_PipeMaterial = "Carbon Steel";
+        s.UI_RangeP1 = 200;
+        s.UI_RangeP2 = 800;
+        s.UI_RangePUnit = 0;
+        s.UI_AtmPress = 101.325;
+        s.UI_AtmPressUnit = 0;
+        s.UI_RangeT1 = 0;
+        s.UI_RangeT2 = 50;
+        s.UI_RangeTUnit = 32;
+        s.UI_PressRef = 101.325;
+        s.UI_PressRefUnit = 0;
+        s.UI_TempRef = 15;
+        s.UI_TempRefUnit = 32;
+    }
+    void FillBasic(std::int32_t mode) {
+        Fill(mode);  // the auto compensation entries must stay out of a basic report
+        store.Xmtr_SimpleFluidTypeCode = 1;
+        store.Xmtr_SimpleDensityBase = 998.2;
+        store.Xmtr_SimpleRefTemp = 20;
+        store.Xmtr_SimpleTempUnit = 32;
+        store.Xmtr_SimpleRefStaticPress = 1.5;
+        store.Xmtr_SimpleStaticPressUnit = 7;
+        store.press_units.ReDim(1);
+        store.press_units_index.ReDim(1);
+        store.press_units[0] = "bar";
+        store.press_units_index[0] = 7;
+        store.press_units[1] = "kPa";
+        store.press_units_index[1] = 12;
+        store.Xmtr_SimpleFlowCalcFixedVar = 0.5;
+        store.Xmtr_SimpleTempK1ForLqdVar = -0.0002;
+    }
+    std::vector<std::string> Write() {
+        const std::string path = Path("report.csv");
+        EXPECT_EQ(qdf::WriteReport(store, path), 0);
+        return Split(ReadText(path), "\r\n");
+    }
+    // The lines from "<Fluid Type Setup>" on.
+    std::vector<std::string> WriteFromFluid() {
+        std::vector<std::string> all = Write();
+        auto it = std::find(all.begin(), all.end(), R"("<Fluid Type Setup>")");
+        EXPECT_NE(it, all.end());
+        return {it, all.end()};
+    }
 };
 
-void FillGasRange(clsExGlobalVars& s) {
-    s.UI_RangeP1 = 200;
-    s.UI_RangeP2 = 800;
-    s.UI_RangePUnit = 0;
-    s.UI_AtmPress = 101.325;
-    s.UI_AtmPressUnit = 0;
-    s.UI_RangeT1 = 0;
-    s.UI_RangeT2 = 50;
-    s.UI_RangeTUnit = 32;
-    s.UI_PressRef = 101.325;
-    s.UI_PressRefUnit = 0;
-    s.UI_TempRef = 15;
-    s.UI_TempRefUnit = 32;
+std::string Head(const std::string& mode) {
+    return kGeneral + "\"Flow Configuration Mode\",\"" + mode + "\"\n\"Tag\",\"FT-101\"\n\"\"\n";
 }
+
+const std::string kBasic = R"x(""
+"<Basic Mode Setup>"
+"Fluid Type","Liquid"
+"Simple Density Base",998.2
+"Reference Temperature",20
+"Reference Temperature Unit","degC"
+"Reference Static Pressure",1.5
+"Reference Static Pressure Unit","bar"
+"K Factor",0.5
+"Temperature K1",-2e-04
+)x";
 
 // Detects: a wrong label, order or value form anywhere in the gas report, a table shortened
 // to the grid's filled rows, the viscosity not rounded through its exponent pattern, a blank
 // row written where an empty line belongs.
-TEST(Report, GasReportLineByLine) {
-    ScratchDir dir("report");
-    clsExGlobalVars s;
-    FillGeneral(s, 0);
-    FillPrimaryDevice(s);
-    s.UI_FluidType = 2;
-    s.UI_FluidCat = 6;
-    s.UI_ChemID = "74-84-0";
-    s.UI_FluidName = "ETHANE";
-    FillGasRange(s);
-    s.UI_DensUnit = 92;
-    // Only six of twelve rows computed (two pressures); the rest hold what the arrays hold.
-    const double press[] = {200, 800, 200, 800, 200, 800};
-    const double temp[] = {0, 0, 25, 25, 50, 50};
-    const double dens[] = {2.68, 10.9, 2.45, 9.95, 2.26, 9.15};
-    for (size_t i = 0; i < 6; ++i) {
-        s.UI_DensAbsPress[i] = press[i];
-        s.UI_DensTemp[i] = temp[i];
-        s.UI_Dens[i] = dens[i];
+TEST_F(Report, GasReportLineByLine) {
+    Fill(0);
+    store.UI_FluidType = 2;
+    store.UI_FluidCat = 6;
+    store.UI_ChemID = "74-84-0";
+    store.UI_FluidName = "ETHANE";
+    store.UI_DensUnit = 92;
+    for (size_t i = 0; i < 6; ++i) {  // two of four pressures computed
+        store.UI_DensAbsPress[i] = i % 2 ? 800 : 200;
+        store.UI_DensTemp[i] = 25.0 * static_cast<double>(i / 2);
+        store.UI_Dens[i] = 2.5 + static_cast<double>(i);
     }
-    s.UI_ViscUnit = 0;
-    const double vt[] = {0, 10, 30, 50};
+    store.UI_ViscUnit = 0;
     const double vis[] = {8.5123456789e-6, 8.9e-6, 9.5e-6, 1.0e-5};
     for (size_t i = 0; i < 4; ++i) {
-        s.UI_ViscTemp[i] = vt[i];
-        s.UI_Visc[i] = vis[i];
+        store.UI_ViscTemp[i] = 10.0 * static_cast<double>(i);
+        store.UI_Visc[i] = vis[i];
     }
-    s.UI_RefDensValue = 1.2712;
-    s.UI_RefDensUnit = 92;
-    s.UI_IsenExpValue = 1.19;
-    s.UI_MolWeight = 30.069;
+    store.UI_RefDensValue = 1.2712;
+    store.UI_RefDensUnit = 92;
+    store.UI_IsenExpValue = 1.19;
+    store.UI_MolWeight = 30.069;
+    ExpectLines(Write(), Head("Auto compensation mode") + kPrimaryDevice + R"x("<Fluid Type Setup>"
+"Fluid Type","Gas"
+"Fluid Category","Gas (DIPPR)"
+"Chemical ID","74-84-0"
+"Fluid Name","ETHANE"
+""
+"<Fluid Operating Range Setup>"
+"Range P1",200
+"Range P2",800
+"Range P Unit","kPa abs"
+"Atmospheric Pressure",101.325
+"Atmospheric Pressure Unit","kPa abs"
+"Range T1",0
+"Range T2",50
+"Range T Unit","degC"
+"Pressure Reference Conditions (Standard or Normal)",101.325
+"Pressure Reference Conditions (Standard or Normal) Unit","kPa abs"
+"Temperature Reference Conditions (Standard or Normal)",15
+"Temperature Reference Conditions (Standard or Normal) Unit","degC"
+""
+"<Physical Property Setup>"
+"<Density Information>"
+"Density Unit","kg/m3"
+""
+"Pressure (kPa abs)","Temperature (deg C)","Density (kg/m3)"
+200,0,2.5
+800,0,3.5
+200,25,4.5
+800,25,5.5
+200,50,6.5
+800,50,7.5
+0,0,0
+0,0,0
+0,0,0
+0,0,0
+0,0,0
+0,0,0
 
-    const std::string path = dir.File("gas.csv");
-    ASSERT_EQ(qdf::WriteReport(s, path), 0);
-
-    ExpectLines(
-        ReportLines(path),
-        Concat({GeneralLines("Auto compensation mode"),
-                kPrimaryDeviceLines,
-                {
-                    R"r("<Fluid Type Setup>")r",
-                    R"r("Fluid Type","Gas")r",
-                    R"r("Fluid Category","Gas (DIPPR)")r",
-                    R"r("Chemical ID","74-84-0")r",
-                    R"r("Fluid Name","ETHANE")r",
-                    R"r("")r",
-                    R"r("<Fluid Operating Range Setup>")r",
-                    R"r("Range P1",200)r",
-                    R"r("Range P2",800)r",
-                    R"r("Range P Unit","kPa abs")r",
-                    R"r("Atmospheric Pressure",101.325)r",
-                    R"r("Atmospheric Pressure Unit","kPa abs")r",
-                    R"r("Range T1",0)r",
-                    R"r("Range T2",50)r",
-                    R"r("Range T Unit","degC")r",
-                    R"r("Pressure Reference Conditions (Standard or Normal)",101.325)r",
-                    R"r("Pressure Reference Conditions (Standard or Normal) Unit","kPa abs")r",
-                    R"r("Temperature Reference Conditions (Standard or Normal)",15)r",
-                    R"r("Temperature Reference Conditions (Standard or Normal) Unit","degC")r",
-                    R"r("")r",
-                    R"r("<Physical Property Setup>")r",
-                    R"r("<Density Information>")r",
-                    R"r("Density Unit","kg/m3")r",
-                    R"r("")r",
-                    R"r("Pressure (kPa abs)","Temperature (deg C)","Density (kg/m3)")r",
-                    "200,0,2.68",
-                    "800,0,10.9",
-                    "200,25,2.45",
-                    "800,25,9.95",
-                    "200,50,2.26",
-                    "800,50,9.15",
-                    "0,0,0",
-                    "0,0,0",
-                    "0,0,0",
-                    "0,0,0",
-                    "0,0,0",
-                    "0,0,0",
-                    "",
-                    R"r("<Viscosity Information>")r",
-                    R"r("Viscosity Unit","Pa sec")r",
-                    R"r("")r",
-                    R"r("Temperature (deg C)","Viscosity (Pa sec)")r",
-                    "0,8.51234568e-06",
-                    "10,8.9e-06",
-                    "30,9.5e-06",
-                    "50,1e-05",
-                    R"r("")r",
-                    R"r("Reference Density (Standard or Normal) Value",1.2712)r",
-                    R"r("Reference Density (Standard or Normal) Unit","kg/m3")r",
-                    R"r("Isentropic Exponent Value",1.19)r",
-                    R"r("Molecular Weight Value",30.069)r",
-                    R"r("")r",
-                }}));
+"<Viscosity Information>"
+"Viscosity Unit","Pa sec"
+""
+"Temperature (deg C)","Viscosity (Pa sec)"
+0,8.51234568e-06
+10,8.9e-06
+20,9.5e-06
+30,1e-05
+""
+"Reference Density (Standard or Normal) Value",1.2712
+"Reference Density (Standard or Normal) Unit","kg/m3"
+"Isentropic Exponent Value",1.19
+"Molecular Weight Value",30.069
+""
+)x");
 }
 
 // Detects: pressure or isentropic rows written for a table liquid, a Chemical ID row (or a
 // blank in its place) for an empty identifier, the liquid density table without its two head
-// rows or with more than four rows, unit texts of deg F and lb/ft3 taken from the wrong tables.
-TEST(Report, LiquidReportLineByLine) {
-    ScratchDir dir("report");
-    clsExGlobalVars s;
-    FillGeneral(s, 0);
-    FillPrimaryDevice(s);
-    s.UI_FluidType = 1;
-    s.UI_FluidCat = 1;
-    s.UI_FluidName = "METHANOL";
-    FillGasRange(s);  // pressures present in the store but not reported for this liquid
-    s.UI_RangeT1 = 50;
-    s.UI_RangeT2 = 120;
-    s.UI_RangeTUnit = 33;
-    s.UI_TempRef = 60;
-    s.UI_TempRefUnit = 33;
-    s.UI_DensUnit = 94;
-    const double t[] = {50, 73.3, 96.7, 120};
-    const double d[] = {49.6, 49.1, 48.5, 47.9};
-    for (size_t i = 0; i < 4; ++i) {
-        s.UI_DensTemp[i] = t[i];
-        s.UI_Dens[i] = d[i];
-        s.UI_ViscTemp[i] = t[i];
-        s.UI_Visc[i] = 0.000123456789123 / static_cast<double>(i + 1);
+// rows or with more than four rows, deg F and lb/ft3 texts taken from the wrong tables.
+TEST_F(Report, LiquidReportLineByLine) {
+    Fill(0);  // pressures are in the store but not reported for this liquid
+    store.UI_FluidType = 1;
+    store.UI_FluidCat = 1;
+    store.UI_FluidName = "METHANOL";
+    store.UI_RangeTUnit = 33;
+    store.UI_TempRefUnit = 33;
+    store.UI_DensUnit = 94;
+    store.UI_ViscUnit = 1;
+    for (size_t i = 0; i < 5; ++i) {  // the fifth row is never printed
+        store.UI_DensTemp[i] = store.UI_ViscTemp[i] = 50.0 + 25.0 * static_cast<double>(i);
+        store.UI_Dens[i] = 49.5 - 0.5 * static_cast<double>(i);
+        store.UI_Visc[i] = 0.000123456789123 / static_cast<double>(i + 1);
     }
-    s.UI_DensTemp[4] = 999;  // beyond the four rows: never printed
-    s.UI_ViscUnit = 1;
-    s.UI_RefDensValue = 49.9;
-    s.UI_RefDensUnit = 94;
-    s.UI_IsenExpValue = 1.4;
+    store.UI_RefDensValue = 49.9;
+    store.UI_RefDensUnit = 94;
+    store.UI_IsenExpValue = 1.4;
+    ExpectLines(WriteFromFluid(), R"x("<Fluid Type Setup>"
+"Fluid Type","Liquid"
+"Fluid Category","Liquid (DIPPR)"
+"Fluid Name","METHANOL"
+""
+"<Fluid Operating Range Setup>"
+"Range T1",0
+"Range T2",50
+"Range T Unit","degF"
+"Temperature Reference Conditions (Standard or Normal)",15
+"Temperature Reference Conditions (Standard or Normal) Unit","degF"
+""
+"<Physical Property Setup>"
+"<Density Information>"
+"Density Unit","lb/ft3"
+""
+"Temperature","Density"
+"Temperature (deg F)","Density (lb/ft3)"
+50,49.5
+75,49
+100,48.5
+125,48
 
-    const std::string path = dir.File("liquid.csv");
-    ASSERT_EQ(qdf::WriteReport(s, path), 0);
-    ExpectLines(
-        ReportLines(path),
-        Concat({GeneralLines("Auto compensation mode"),
-                kPrimaryDeviceLines,
-                {
-                    R"r("<Fluid Type Setup>")r",
-                    R"r("Fluid Type","Liquid")r",
-                    R"r("Fluid Category","Liquid (DIPPR)")r",
-                    R"r("Fluid Name","METHANOL")r",
-                    R"r("")r",
-                    R"r("<Fluid Operating Range Setup>")r",
-                    R"r("Range T1",50)r",
-                    R"r("Range T2",120)r",
-                    R"r("Range T Unit","degF")r",
-                    R"r("Temperature Reference Conditions (Standard or Normal)",60)r",
-                    R"r("Temperature Reference Conditions (Standard or Normal) Unit","degF")r",
-                    R"r("")r",
-                    R"r("<Physical Property Setup>")r",
-                    R"r("<Density Information>")r",
-                    R"r("Density Unit","lb/ft3")r",
-                    R"r("")r",
-                    R"r("Temperature","Density")r",
-                    R"r("Temperature (deg F)","Density (lb/ft3)")r",
-                    "50,49.6",
-                    "73.3,49.1",
-                    "96.7,48.5",
-                    "120,47.9",
-                    "",
-                    R"r("<Viscosity Information>")r",
-                    R"r("Viscosity Unit","lb/ft Sec")r",
-                    R"r("")r",
-                    R"r("Temperature (deg F)","Viscosity (lb/ft sec)")r",
-                    "50,0.000123456789",
-                    "73.3,6.17283946e-05",
-                    "96.7,4.1152263e-05",
-                    "120,3.08641973e-05",
-                    R"r("")r",
-                    R"r("Reference Density (Standard or Normal) Value",49.9)r",
-                    R"r("Reference Density (Standard or Normal) Unit","lb/ft3")r",
-                    R"r("")r",
-                }}));
+"<Viscosity Information>"
+"Viscosity Unit","lb/ft Sec"
+""
+"Temperature (deg F)","Viscosity (lb/ft sec)"
+50,0.000123456789
+75,6.17283946e-05
+100,4.1152263e-05
+125,3.08641973e-05
+""
+"Reference Density (Standard or Normal) Value",49.9
+"Reference Density (Standard or Normal) Unit","lb/ft3"
+""
+)x");
 }
 
 // Detects: range or reference temperature rows for saturated steam, table temperatures taken
 // from the entered-unit arrays instead of the kelvin ones, a missing or unrounded conversion
 // into the range unit (248.37800000000007, -459.66999999999996), gauge units in the head row.
-TEST(Report, SaturatedSteamReportLineByLine) {
-    ScratchDir dir("report");
-    clsExGlobalVars s;
-    FillGeneral(s, 0);
-    FillPrimaryDevice(s);
-    s.UI_FluidType = 2;
-    s.UI_FluidCat = 5;
-    s.UI_FluidName = "Saturated steam";
-    FillGasRange(s);
-    s.UI_RangePUnit = 3;
-    s.UI_RangeTUnit = 33;
-    s.UI_DensUnit = 94;
-    const double kelvin[] = {393.36, 453.03, 373.15};
+TEST_F(Report, SaturatedSteamReportLineByLine) {
+    Fill(0);
+    store.UI_FluidType = 2;
+    store.UI_FluidCat = 5;
+    store.UI_FluidName = "Saturated steam";
+    store.UI_RangePUnit = 3;
+    store.UI_RangeTUnit = 33;
+    store.UI_DensUnit = 94;
+    store.UI_ViscUnit = 0;
+    const double kelvin[] = {393.36, 453.03, 373.15, 423.15};
     for (size_t i = 0; i < 12; ++i) {
-        s.UI_DensAbsPress[i] = 100.0 * static_cast<double>(i + 1);
-        s.UI_DensTemp[i] = -1;  // stale entered-unit values: not used for steam
-        s.UI_Dens[i] = 0.1 * static_cast<double>(i + 1);
-        if (i < 3) s.UI_DensTempStandard[i] = kelvin[i];
+        store.UI_DensAbsPress[i] = 100.0 * static_cast<double>(i + 1);
+        store.UI_DensTemp[i] = -1;  // stale entered-unit values: not used for steam
+        store.UI_Dens[i] = 0.5;
+        if (i < 3) store.UI_DensTempStandard[i] = kelvin[i];
     }
-    s.UI_ViscUnit = 0;
-    const double vk[] = {393.36, 423.15, 453.03, 0};
     for (size_t i = 0; i < 4; ++i) {
-        s.UI_ViscTemp[i] = -1;
-        s.UI_ViscTempStandard[i] = vk[i];
-        s.UI_Visc[i] = 1.3e-5;
+        store.UI_ViscTemp[i] = -1;
+        store.UI_ViscTempStandard[i] = i < 3 ? kelvin[3 - i] : 0.0;
+        store.UI_Visc[i] = 1.3e-5;
     }
-    s.UI_RefDensValue = 0.0374;
-    s.UI_RefDensUnit = 94;
-    s.UI_IsenExpValue = 1.3;
-    s.UI_MolWeight = 18.015;
+    store.UI_RefDensValue = 0.0374;
+    store.UI_RefDensUnit = 94;
+    store.UI_IsenExpValue = 1.3;
+    store.UI_MolWeight = 18.015;
+    ExpectLines(WriteFromFluid(), R"x("<Fluid Type Setup>"
+"Fluid Type","Gas"
+"Fluid Category","Steam"
+"Fluid Name","Saturated steam"
+""
+"<Fluid Operating Range Setup>"
+"Range P1",200
+"Range P2",800
+"Range P Unit","kPa gauge"
+"Atmospheric Pressure",101.325
+"Atmospheric Pressure Unit","kPa abs"
+"Pressure Reference Conditions (Standard or Normal)",101.325
+"Pressure Reference Conditions (Standard or Normal) Unit","kPa abs"
+""
+"<Physical Property Setup>"
+"<Density Information>"
+"Density Unit","lb/ft3"
+""
+"Pressure (kPa gauge)","Temperature (deg F)","Density (lb/ft3)"
+100,248.378,0.5
+200,355.784,0.5
+300,212,0.5
+400,-459.67,0.5
+500,-459.67,0.5
+600,-459.67,0.5
+700,-459.67,0.5
+800,-459.67,0.5
+900,-459.67,0.5
+1000,-459.67,0.5
+1100,-459.67,0.5
+1200,-459.67,0.5
 
-    const std::string path = dir.File("steam.csv");
-    ASSERT_EQ(qdf::WriteReport(s, path), 0);
-    ExpectLines(
-        ReportLines(path),
-        Concat({GeneralLines("Auto compensation mode"),
-                kPrimaryDeviceLines,
-                {
-                    R"r("<Fluid Type Setup>")r",
-                    R"r("Fluid Type","Gas")r",
-                    R"r("Fluid Category","Steam")r",
-                    R"r("Fluid Name","Saturated steam")r",
-                    R"r("")r",
-                    R"r("<Fluid Operating Range Setup>")r",
-                    R"r("Range P1",200)r",
-                    R"r("Range P2",800)r",
-                    R"r("Range P Unit","kPa gauge")r",
-                    R"r("Atmospheric Pressure",101.325)r",
-                    R"r("Atmospheric Pressure Unit","kPa abs")r",
-                    R"r("Pressure Reference Conditions (Standard or Normal)",101.325)r",
-                    R"r("Pressure Reference Conditions (Standard or Normal) Unit","kPa abs")r",
-                    R"r("")r",
-                    R"r("<Physical Property Setup>")r",
-                    R"r("<Density Information>")r",
-                    R"r("Density Unit","lb/ft3")r",
-                    R"r("")r",
-                    R"r("Pressure (kPa gauge)","Temperature (deg F)","Density (lb/ft3)")r",
-                    "100,248.378,0.1",
-                    "200,355.784,0.2",
-                    "300,212,0.30000000000000004",
-                    "400,-459.67,0.4",
-                    "500,-459.67,0.5",
-                    "600,-459.67,0.6000000000000001",
-                    "700,-459.67,0.7000000000000001",
-                    "800,-459.67,0.8",
-                    "900,-459.67,0.9",
-                    "1000,-459.67,1",
-                    "1100,-459.67,1.1",
-                    "1200,-459.67,1.2000000000000002",
-                    "",
-                    R"r("<Viscosity Information>")r",
-                    R"r("Viscosity Unit","Pa sec")r",
-                    R"r("")r",
-                    R"r("Temperature (deg F)","Viscosity (Pa sec)")r",
-                    "248.378,1.3e-05",
-                    "302,1.3e-05",
-                    "355.784,1.3e-05",
-                    "-459.67,1.3e-05",
-                    R"r("")r",
-                    R"r("Reference Density (Standard or Normal) Value",0.0374)r",
-                    R"r("Reference Density (Standard or Normal) Unit","lb/ft3")r",
-                    R"r("Isentropic Exponent Value",1.3)r",
-                    R"r("Molecular Weight Value",18.015)r",
-                    R"r("")r",
-                }}));
+"<Viscosity Information>"
+"Viscosity Unit","Pa sec"
+""
+"Temperature (deg F)","Viscosity (Pa sec)"
+302,1.3e-05
+212,1.3e-05
+355.784,1.3e-05
+-459.67,1.3e-05
+""
+"Reference Density (Standard or Normal) Value",0.0374
+"Reference Density (Standard or Normal) Unit","lb/ft3"
+"Isentropic Exponent Value",1.3
+"Molecular Weight Value",18.015
+""
+)x");
 }
 
-// The lines a natural gas method adds between "Fluid Name" and the range section.
-std::vector<std::string> NaturalGasBlock(const std::string& method) {
-    ScratchDir dir("report");
-    clsExGlobalVars s;
-    FillGeneral(s, 0);
-    s.UI_FluidType = 2;
-    s.UI_FluidCat = 4;
-    s.UI_FluidName = method;
-    s.UI_DtlMethaneMole = 0.9;
-    s.UI_DtlArMole = 0.001;
-    s.UI_RgRelDens = 0.6;
-    s.UI_CO2Mole = 0.01;
-    s.UI_VgHv = 38.5;
-    s.UI_VgHvUnit = 0;
-    s.UI_N2Mole = 0.02;
-    s.UI_H2Mole = 0.003;
-    s.UI_COMole = 0.004;
-    const std::string path = dir.File("ng.csv");
-    EXPECT_EQ(qdf::WriteReport(s, path), 0);
-    const std::vector<std::string> lines = ReportLines(path);
-    std::vector<std::string> block;
-    bool in = false;
-    for (const std::string& l : lines) {
-        if (l == R"r("<Fluid Operating Range Setup>")r") break;
-        if (in) block.push_back(l);
-        if (l.rfind(R"r("Fluid Name",)r", 0) == 0) in = true;
+// Detects: a composition row missing or out of store order, the gross methods' reference
+// conditions, heating value, nitrogen, hydrogen and carbon monoxide rows given to the wrong
+// method, a block written for a name that only differs in case from a method.
+TEST_F(Report, NaturalGasBlocksByMethod) {
+    Fill(0);
+    store.UI_FluidType = 2;
+    store.UI_FluidCat = 4;
+    store.UI_DtlMethaneMole = 0.9;
+    store.UI_DtlArMole = 0.001;
+    store.UI_RgRelDens = 0.6;
+    store.UI_CO2Mole = 0.01;
+    store.UI_VgHv = 38.5;
+    store.UI_VgHvUnit = 0;
+    store.UI_N2Mole = 0.02;
+    store.UI_H2Mole = 0.003;
+    store.UI_COMole = 0.004;
+    // The lines between "Fluid Name" and the blank row ahead of the range section.
+    auto block = [&](const std::string& method) {
+        store.UI_FluidName = method;
+        std::vector<std::string> lines = WriteFromFluid();
+        auto end = std::find(lines.begin(), lines.end(), R"("<Fluid Operating Range Setup>")");
+        return std::vector<std::string>(lines.begin() + 4, end - 1);
+    };
+    for (const char* m :
+         {"AGA8 Detail Characterization Method", "ISO12213 molar-composition analysis"}) {
+        const std::vector<std::string> detail = block(m);
+        ASSERT_EQ(detail.size(), 25u) << m;
+        EXPECT_EQ(detail[2], R"("<Mole Component Information>")");
+        EXPECT_EQ(detail[3], R"("Detail Total Mole",-999999)");
+        EXPECT_EQ(detail[4], R"("Methane Mole",0.9)");
+        EXPECT_EQ(detail[10], R"("Hydrogen Sulfide Mole",-999999)");
+        EXPECT_EQ(detail[23], R"("Helium-4 Mole",-999999)");
+        EXPECT_EQ(detail[24], R"("Argon Mole",0.001)");
     }
-    return block;
-}
-
-// Detects: a composition row missing, misnamed or out of store order; the gross methods'
-// reference conditions, heating value, nitrogen, hydrogen and carbon monoxide rows given to the
-// wrong method; a natural gas block written for a name that is no method.
-TEST(Report, NaturalGasBlocksByMethod) {
-    const std::vector<std::string> detail = NaturalGasBlock("AGA8 Detail Characterization Method");
-    ASSERT_EQ(detail.size(), 26u);
-    EXPECT_EQ(detail[0], R"r("")r");
-    EXPECT_EQ(detail[1], R"r("<Natural Gas Setup>")r");
-    EXPECT_EQ(detail[2], R"r("<Mole Component Information>")r");
-    EXPECT_EQ(detail[3], R"r("Detail Total Mole",-999999)r");
-    EXPECT_EQ(detail[4], R"r("Methane Mole",0.9)r");
-    EXPECT_EQ(detail[10], R"r("Hydrogen Sulfide Mole",-999999)r");
-    EXPECT_EQ(detail[15], R"r("n-Butane Mole",-999999)r");
-    EXPECT_EQ(detail[23], R"r("Helium-4 Mole",-999999)r");
-    EXPECT_EQ(detail[24], R"r("Argon Mole",0.001)r");
-    EXPECT_EQ(detail[25], R"r("")r");
-    EXPECT_EQ(NaturalGasBlock("ISO12213 molar-composition analysis"), detail);
-
-    ExpectLines(NaturalGasBlock("AGA8 Gross Characterization Method 1"),
-                {
-                    R"r("")r",
-                    R"r("<Natural Gas Setup>")r",
-                    R"r("Real Gas Relative Density","at 60 degF, 14.73 psi abs",0.6)r",
-                    R"r("Carbon Dioxide Mole",0.01)r",
-                    R"r("Volumetric Gross Heating Value","at 60 degF, 14.73 psi abs",38.5)r",
-                    R"r("Volumetric Gross Heating Value Unit","MJ/m3")r",
-                    R"r("Carbon Monoxide Mole",0.004)r",
-                    R"r("")r",
-                });
-    ExpectLines(NaturalGasBlock("AGA8 Gross Characterization Method 2"),
-                {
-                    R"r("")r",
-                    R"r("<Natural Gas Setup>")r",
-                    R"r("Real Gas Relative Density","at 60 degF, 14.73 psi abs",0.6)r",
-                    R"r("Carbon Dioxide Mole",0.01)r",
-                    R"r("Nitrogen Mole",0.02)r",
-                    R"r("Carbon Monoxide Mole",0.004)r",
-                    R"r("")r",
-                });
-    ExpectLines(NaturalGasBlock("ISO12213 physical properties"),
-                {
-                    R"r("")r",
-                    R"r("<Natural Gas Setup>")r",
-                    R"r("Real Gas Relative Density","at 0 degC, 1.01325 bar abs",0.6)r",
-                    R"r("Carbon Dioxide Mole",0.01)r",
-                    R"r("Volumetric Gross Heating Value","at 25 degC, 1.01325 bar abs",38.5)r",
-                    R"r("Volumetric Gross Heating Value Unit","MJ/m3")r",
-                    R"r("Hydrogen Mole",0.003)r",
-                    R"r("")r",
-                });
-    // Names compare exactly: another spelling is an ordinary fluid name.
-    ExpectLines(NaturalGasBlock("aga8 detail characterization method"), {R"r("")r"});
-}
-
-void FillBasic(clsExGlobalVars& s, std::int32_t mode) {
-    FillGeneral(s, mode);
-    s.Xmtr_SimpleFluidTypeCode = 1;
-    s.Xmtr_SimpleDensityBase = 998.2;
-    s.Xmtr_SimpleRefTemp = 20;
-    s.Xmtr_SimpleTempUnit = 32;
-    s.Xmtr_SimpleRefStaticPress = 1.5;
-    s.Xmtr_SimpleStaticPressUnit = 7;
-    s.press_units.ReDim(1);
-    s.press_units_index.ReDim(1);
-    s.press_units[0] = "bar";
-    s.press_units_index[0] = 7;
-    s.press_units[1] = "kPa";
-    s.press_units_index[1] = 12;
-    s.Xmtr_SimpleFlowCalcFixedVar = 0.5;
-    s.Xmtr_SimpleTempK1ForLqdVar = -0.0002;
-    // Auto compensation entries stay out of a basic report.
-    FillPrimaryDevice(s);
-}
-
-std::vector<std::string> BasicLines(const std::string& modeText) {
-    return Concat({GeneralLines(modeText),
-                   {
-                       R"r("")r",
-                       R"r("<Basic Mode Setup>")r",
-                       R"r("Fluid Type","Liquid")r",
-                       R"r("Simple Density Base",998.2)r",
-                       R"r("Reference Temperature",20)r",
-                       R"r("Reference Temperature Unit","degC")r",
-                       R"r("Reference Static Pressure",1.5)r",
-                       R"r("Reference Static Pressure Unit","bar")r",
-                       R"r("K Factor",0.5)r",
-                       R"r("Temperature K1",-2e-04)r",
-                   }});
+    const std::string us = R"x("Real Gas Relative Density","at 60 degF, 14.73 psi abs",0.6
+"Carbon Dioxide Mole",0.01
+)x";
+    ExpectLines(block("AGA8 Gross Characterization Method 1"),
+                "\"\"\n\"<Natural Gas Setup>\"\n" + us +
+                    R"x("Volumetric Gross Heating Value","at 60 degF, 14.73 psi abs",38.5
+"Volumetric Gross Heating Value Unit","MJ/m3"
+"Carbon Monoxide Mole",0.004)x");
+    ExpectLines(block("AGA8 Gross Characterization Method 2"), "\"\"\n\"<Natural Gas Setup>\"\n" +
+                                                                   us +
+                                                                   R"x("Nitrogen Mole",0.02
+"Carbon Monoxide Mole",0.004)x");
+    ExpectLines(block("ISO12213 physical properties"), R"x(""
+"<Natural Gas Setup>"
+"Real Gas Relative Density","at 0 degC, 1.01325 bar abs",0.6
+"Carbon Dioxide Mole",0.01
+"Volumetric Gross Heating Value","at 25 degC, 1.01325 bar abs",38.5
+"Volumetric Gross Heating Value Unit","MJ/m3"
+"Hydrogen Mole",0.003)x");
+    EXPECT_TRUE(block("aga8 detail characterization method").empty());
 }
 
 // Detects: the auto compensation sections written in basic mode, the device pressure unit text
-// not taken from the device's unit list, and a mode other than 0 or 1 treated as auto or given
-// a mode text.
-TEST(Report, BasicModeReportLineByLine) {
-    ScratchDir dir("report");
+// not taken from the device's unit list, a mode other than 0 or 1 treated as auto or given a
+// mode text.
+TEST_F(Report, BasicModeReportLineByLine) {
     for (std::int32_t mode : {1, 2}) {
-        clsExGlobalVars s;
-        FillBasic(s, mode);
-        const std::string path = dir.File("basic.csv");
-        ASSERT_EQ(qdf::WriteReport(s, path), 0);
-        ExpectLines(ReportLines(path), BasicLines(mode == 1 ? "Basic mode" : ""));
+        FillBasic(mode);
+        ExpectLines(Write(), Head(mode == 1 ? "Basic mode" : "") + kBasic);
     }
 }
 
 // Detects: sentinels replaced by empty fields or zeros, a head row written for unknown unit
 // codes, a gas table shortened when its units are unknown.
-TEST(Report, NothingEnteredPrintsSentinelsAndNoHeadRows) {
-    ScratchDir dir("report");
-    clsExGlobalVars s;
-    s.Xmtr_SimpleFlowCalcMode = 0;
-    s.UI_FluidType = 2;
-    s.UI_RangeTUnit = 32;  // known temperature, unknown pressure unit
-    const std::string path = dir.File("empty.csv");
-    ASSERT_EQ(qdf::WriteReport(s, path), 0);
-    const std::vector<std::string> lines = ReportLines(path);
-    auto has = [&](const std::string& l) {
-        return std::find(lines.begin(), lines.end(), l) != lines.end();
-    };
-    EXPECT_TRUE(has(R"r("Primary Device Code",-999999)r"));
-    EXPECT_TRUE(has(R"r("Primary Device Diameter Unit","")r"));
-    EXPECT_TRUE(has(R"r("Range P1",-999999)r"));
-    EXPECT_TRUE(has(R"r("Molecular Weight Value",-999999)r"));
-    EXPECT_TRUE(has(R"r("Fluid Category","")r"));
-    EXPECT_FALSE(has(R"r("Chemical ID","")r"));
-    // Neither table has a head row: the pressure unit and the viscosity unit are unknown.
+TEST_F(Report, NothingEnteredPrintsSentinelsAndNoHeadRows) {
+    store.Xmtr_SimpleFlowCalcMode = 0;
+    store.UI_FluidType = 2;
+    store.UI_RangeTUnit = 32;  // known temperature, unknown pressure and viscosity units
+    const std::vector<std::string> lines = Write();
+    auto count = [&](const std::string& l) { return std::count(lines.begin(), lines.end(), l); };
+    EXPECT_EQ(count(R"("Primary Device Code",-999999)"), 1);
+    EXPECT_EQ(count(R"("Range P1",-999999)"), 1);
+    EXPECT_EQ(count(R"("Molecular Weight Value",-999999)"), 1);
+    EXPECT_EQ(count(R"("Fluid Category","")"), 1);
+    EXPECT_EQ(count(R"("Chemical ID","")"), 0);
+    EXPECT_EQ(count("0,0,0"), 12);
+    EXPECT_EQ(count("0,0"), 4);
     for (const std::string& l : lines) {
-        EXPECT_NE(l.rfind(R"r("Pressure ()r", 0), 0u) << l;
-        EXPECT_NE(l.rfind(R"r("Temperature ()r", 0), 0u) << l;
+        EXPECT_NE(l.rfind(R"("Pressure ()", 0), 0u) << l;
+        EXPECT_NE(l.rfind(R"("Temperature ()", 0), 0u) << l;
     }
-    const auto density = std::find(lines.begin(), lines.end(), R"r("Density Unit","")r");
-    ASSERT_NE(density, lines.end());
-    EXPECT_EQ(std::count(density, lines.end(), "0,0,0"), 12);
-    EXPECT_EQ(*(density + 14), "");
-    EXPECT_EQ(std::count(density, lines.end(), "0,0"), 4);
 }
 
-// Detects: a failed open passing silently, a message other than the one text and title, or
-// no result when the store has no frame to show it through.
-TEST(Report, UnwritablePathShowsTheOneWarning) {
-    ScratchDir dir("report");
-    RecordingManager frame;
-    clsExGlobalVars s;
-    FillBasic(s, 1);
-    s.SDKManager = &frame;
-    EXPECT_EQ(qdf::WriteReport(s, dir.File("no-such-folder/r.csv")), 1);
-    ASSERT_EQ(frame.messages.shown.size(), 1u);
-    EXPECT_EQ(frame.messages.shown[0].title, "QDF300 Warning");
-    EXPECT_EQ(frame.messages.shown[0].text, "Report file can't be opened!");
-    EXPECT_EQ(frame.messages.shown[0].buttons, 2);
+// Detects: a failed open passing silently or shown with another text or title, the dialog
+// offered without the CSV filter or the kept path, a cancelled dialog that writes or forgets
+// the kept path, an existing file overwritten without a yes, a new file asked about.
+TEST_F(Report, MenuCommandAndFailures) {
+    FillBasic(1);
+    EXPECT_EQ(qdf::WriteReport(store, Path("no-such-folder/r.csv")), 1);
+    const qdf::test::Shown openFailed{"QDF300 Warning", "Report file can't be opened!", 1, 2, 4};
+    EXPECT_EQ(frame.shown, std::vector<qdf::test::Shown>{openFailed});
 
-    s.SDKManager = nullptr;
-    EXPECT_EQ(qdf::WriteReport(s, dir.File("no-such-folder/r.csv")), 1);
-}
-
-// Detects: the dialog offered without the CSV filter or the last path, a cancelled dialog that
-// still writes or clears the kept path, an existing file overwritten without a yes, a new file
-// asked about, the chosen path not kept.
-TEST(Report, MenuCommandAsksBeforeOverwriting) {
-    ScratchDir dir("report");
-    RecordingManager frame;
-    clsExGlobalVars s;
-    FillBasic(s, 1);
-    s.SDKManager = &frame;
-    s.Gbl_ReportFilePath = "last.csv";
+    store.Gbl_ReportFilePath = "last.csv";
     std::vector<std::string> requests;
     std::string answer;
     const qdf::ChooseFile dialog = [&](const std::string& filter, const std::string& offered) {
         requests.push_back(filter + "|" + offered);
         return answer;
     };
-
-    EXPECT_FALSE(qdf::ReportCommand(s, frame.messages, dialog));
+    frame.shown.clear();
+    EXPECT_FALSE(qdf::ReportCommand(store, frame, dialog));
     EXPECT_EQ(requests, std::vector<std::string>{"CSV File (*.CSV) | *.CSV|last.csv"});
-    EXPECT_EQ(s.Gbl_ReportFilePath, "last.csv");
-    EXPECT_TRUE(frame.messages.shown.empty());
+    EXPECT_EQ(store.Gbl_ReportFilePath, "last.csv");
 
-    const std::string path = dir.File("r.csv");
-    answer = path;
-    EXPECT_TRUE(qdf::ReportCommand(s, frame.messages, dialog));
-    EXPECT_EQ(s.Gbl_ReportFilePath, path);
-    EXPECT_TRUE(frame.messages.shown.empty());
-    ExpectLines(ReportLines(path), BasicLines("Basic mode"));
+    answer = Path("r.csv");
+    EXPECT_TRUE(qdf::ReportCommand(store, frame, dialog));
+    EXPECT_EQ(store.Gbl_ReportFilePath, answer);
+    EXPECT_TRUE(frame.shown.empty());
+    ExpectLines(Split(ReadText(answer), "\r\n"), Head("Basic mode") + kBasic);
 
-    WriteBytes(path, "keep");
-    frame.messages.answers = {qdf::sdk::kMessageAnswerNo};
-    EXPECT_FALSE(qdf::ReportCommand(s, frame.messages, dialog));
-    EXPECT_EQ(ReadBytes(path), "keep");
-    ASSERT_EQ(frame.messages.shown.size(), 1u);
-    const auto& q = frame.messages.shown[0];
-    EXPECT_EQ(q.title, "QDF300 Warning");
-    EXPECT_EQ(q.text, "Report file exists. Overwrite?");
-    EXPECT_EQ(std::vector<int>({q.kind, q.buttons, q.defaultButton}), std::vector<int>({3, 5, 7}));
+    WriteText(answer, "keep");
+    frame.answers = {7};
+    EXPECT_FALSE(qdf::ReportCommand(store, frame, dialog));
+    EXPECT_EQ(ReadText(answer), "keep");
+    const qdf::test::Shown ask{"QDF300 Warning", "Report file exists. Overwrite?", 3, 5, 7};
+    EXPECT_EQ(frame.shown, std::vector<qdf::test::Shown>{ask});
+    frame.answers = {6};
+    EXPECT_TRUE(qdf::ReportCommand(store, frame, dialog));
+    EXPECT_NE(ReadText(answer), "keep");
 
-    frame.messages.answers = {qdf::sdk::kMessageAnswerYes};
-    EXPECT_TRUE(qdf::ReportCommand(s, frame.messages, dialog));
-    ExpectLines(ReportLines(path), BasicLines("Basic mode"));
-
-    answer = dir.File("no-such-folder/r.csv");
-    frame.messages.shown.clear();
-    EXPECT_FALSE(qdf::ReportCommand(s, frame.messages, dialog));
-    ASSERT_EQ(frame.messages.shown.size(), 1u);
-    EXPECT_EQ(frame.messages.shown[0].text, "Report file can't be opened!");
+    frame.shown.clear();
+    answer = Path("no-such-folder/r.csv");
+    EXPECT_FALSE(qdf::ReportCommand(store, frame, dialog));
+    EXPECT_EQ(frame.shown, std::vector<qdf::test::Shown>{openFailed});
 }
 
 }  // namespace
