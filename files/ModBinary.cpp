@@ -93,7 +93,6 @@ const std::vector<Field>& MgtBlock() {
     return block;
 }
 
-constexpr std::size_t kSlotField = 5;      // field 6, zero-based
 constexpr std::size_t kRevisionField = 2;  // field 3
 
 // The management members a read copies to the store, in this order; the others describe who
