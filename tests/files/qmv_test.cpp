@@ -428,12 +428,11 @@ TEST_F(QmvTest, UnknownRevisionIsRefusedWithLogAndWarning) {
     EXPECT_EQ(store.Gbl_ErrorCode, 2);
     // Apart from the error members the log sets, nothing changed.
     auto after = Snapshot();
+    auto expected = before;
     for (const char* m : {"Gbl_ErrorCode", "Gbl_ErrorSubCode", "Gbl_ErrorMessage"}) {
         after.erase(m);
-    }
-    auto expected = before;
-    for (const char* m : {"Gbl_ErrorCode", "Gbl_ErrorSubCode", "Gbl_ErrorMessage"})
         expected.erase(m);
+    }
     EXPECT_EQ(after, expected);
 }
 
