@@ -310,18 +310,21 @@ class UIReader {
 };
 
 void DistributeTables(clsExGlobalVars& s, Kind kind) {
-    const auto cell = [&s](std::int32_t at) { return Value(NumberOfCell(s.UI.at(at))); };
+    // Grid sizes come from a file too: 64-bit cell arithmetic, the bounds check decides.
+    const auto cell = [&s](std::int64_t at) { return Value(NumberOfCell(s.UI.at(at))); };
     if (kind == Kind::Gas) {
-        const std::int32_t P = s.Mgt_GasDensPressDiv, N = s.Mgt_GasDensTempDiv;
+        const std::int64_t P = s.Mgt_GasDensPressDiv;
+        // Without rows the columns hold nothing: don't walk them.
+        const std::int64_t N = P > 0 ? s.Mgt_GasDensTempDiv : 0;
         std::int32_t k = 0;
-        for (std::int32_t c = 0; c < N; ++c)
-            for (std::int32_t r = 0; r < P; ++r, ++k) {
+        for (std::int64_t c = 0; c < N; ++c)
+            for (std::int64_t r = 0; r < P; ++r, ++k) {
                 SetElement(s, "UI_DensTemp", k, cell(60 + c + r * N));
                 SetElement(s, "UI_DensAbsPress", k, cell(318 + c + r * N));
             }
         k = 0;
-        for (std::int32_t c = 0; c < N; ++c)
-            for (std::int32_t r = 0; r < P; ++r, ++k)
+        for (std::int64_t c = 0; c < N; ++c)
+            for (std::int64_t r = 0; r < P; ++r, ++k)
                 SetElement(s, "UI_Dens", k, cell(577 + c + r * N));
     } else {
         const std::int32_t count = kind == Kind::Steam ? s.Mgt_GasDensDiv : s.Mgt_LqdDensTempDiv;
