@@ -262,6 +262,8 @@ std::int32_t ImportPMFSections(clsExGlobalVars& store, const IniSections& sectio
 
 bool ImportPMFCommand(clsExGlobalVars& store, ISDKMessageService& messages,
                       const ChooseFile& open) {
+    // PMF files exist for HART devices only; Fieldbus devices never offer the command.
+    if (store.BusID == "FFH1") return false;
     const std::string path = open(kPmfFilter, "");
     store.Gbl_SaveBinaryFilePath = path;
     if (path.empty()) return false;

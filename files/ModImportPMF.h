@@ -47,7 +47,8 @@ std::int32_t ImportPMFFile(clsExGlobalVars& store, const std::string& path);
 std::int32_t ImportPMFSections(clsExGlobalVars& store, const IniSections& sections);
 
 // The Import PMF menu command: open dialog (path kept in Gbl_SaveBinaryFilePath), existence
-// test, the overwrite question, the import. Returns true when the import ran through.
+// test, the overwrite question, the import. Returns true when the import ran through. Does
+// nothing on a Fieldbus device.
 bool ImportPMFCommand(clsExGlobalVars& store, ISDKMessageService& messages, const ChooseFile& open);
 
 }  // namespace qdf

@@ -228,9 +228,9 @@ TEST_F(PmfImport, FileLevelFailures) {
     EXPECT_EQ(qdf::ImportPMFFile(store, Path("lower.PMF")), 1);
 }
 
-// Detects: the dialog without the PMF filter, the chosen path not kept (or kept after a
-// missing file), a missing file asked about instead of refused, an import without a yes, a
-// failed import without its message.
+// Detects: the command running on a Fieldbus device, the dialog without the PMF filter, the chosen
+// path not kept (or kept after a missing file), a missing file asked about instead of refused, an
+// import without a yes, a failed import without its message.
 TEST_F(PmfImport, MenuCommandScriptedDialogAndMessages) {
     using qdf::test::Shown;
     store.Gbl_SaveBinaryFilePath = "old.qmv";
@@ -245,6 +245,11 @@ TEST_F(PmfImport, MenuCommandScriptedDialogAndMessages) {
                     "Device configuration in offline data will be overwritten! Are you sure you "
                     "want to proceed?",
                     3, 5, 7};
+
+    store.BusID = "FFH1";  // no PMF files on Fieldbus: not even the dialog
+    EXPECT_FALSE(qdf::ImportPMFCommand(store, device, dialog));
+    EXPECT_TRUE(filters.empty());
+    store.BusID = "HART";
 
     // Cancelled: the empty choice is kept and nothing else happens.
     EXPECT_FALSE(qdf::ImportPMFCommand(store, device, dialog));
