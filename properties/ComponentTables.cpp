@@ -22,8 +22,7 @@ void Narrowest(int32_t id, F1 first, F2 second, F3 third, double& low, double& h
     high = std::min({h1, h2, h3});
 }
 
-bool Find(const BoundedArray<CompoundRecord, ComponentTables::kRows>& table,
-          const std::string& name, double& tLow, double& tHigh) {
+bool Find(const CompoundTable& table, const std::string& name, double& tLow, double& tHigh) {
     for (const auto& row : table) {
         if (row.Name == name) {
             tLow = row.MinTemp;
@@ -37,17 +36,14 @@ bool Find(const BoundedArray<CompoundRecord, ComponentTables::kRows>& table,
 }  // namespace
 
 void ComponentTables::Reset() {
-    for (int i = 0; i < kRows; ++i) {
-        liquid_[i] = CompoundRecord{};
-        liquid_[i].MaxPress = 1000.0;
-        gas_[i] = CompoundRecord{};
-        gas_[i].MaxPress = 10000.0;
-    }
+    ResetCompoundTables();
     count_ = 0;
 }
 
 int32_t ComponentTables::Build() {
     Reset();
+    CompoundTable& liquid = LiquidCompoundTable();
+    CompoundTable& gas = GasCompoundTable();
     try {
         std::vector<std::string> names;
         std::vector<int32_t> ids;
@@ -56,18 +52,18 @@ int32_t ComponentTables::Build() {
         for (int i = 0; i < n; ++i) {
             const auto& name = names.at(static_cast<std::size_t>(i));
             const int32_t id = ids.at(static_cast<std::size_t>(i));
-            liquid_[i].Name = name;
-            liquid_[i].ChemID = id;
-            gas_[i].Name = name;
-            gas_[i].ChemID = id;
-            Narrowest(id, SND::DprLvsRng, SND::DprLdnRng, SND::DprVpRng, liquid_[i].MinTemp,
-                      liquid_[i].MaxTemp);
+            liquid[i].Name = name;
+            liquid[i].ID = id;
+            gas[i].Name = name;
+            gas[i].ID = id;
+            Narrowest(id, SND::DprLvsRng, SND::DprLdnRng, SND::DprVpRng, liquid[i].MinTemp,
+                      liquid[i].MaxTemp);
             if (name == "AIR") {
-                gas_[i].MinTemp = kAirLowK;
-                gas_[i].MaxTemp = kAirHighK;
+                gas[i].MinTemp = kAirLowK;
+                gas[i].MaxTemp = kAirHighK;
             } else {
-                Narrowest(id, SND::DprVdnRng, SND::DprIcpRng, SND::DprVvsRng, gas_[i].MinTemp,
-                          gas_[i].MaxTemp);
+                Narrowest(id, SND::DprVdnRng, SND::DprIcpRng, SND::DprVvsRng, gas[i].MinTemp,
+                          gas[i].MaxTemp);
             }
             count_ = i + 1;
         }
@@ -78,19 +74,19 @@ int32_t ComponentTables::Build() {
 }
 
 std::string ComponentTables::Name(int i) const {
-    return gas_.at(i).Name;
+    return GasCompoundTable().at(i).Name;
 }
 
 int32_t ComponentTables::Id(int i) const {
-    return gas_.at(i).ChemID;
+    return GasCompoundTable().at(i).ID;
 }
 
 bool ComponentTables::FindGasLimits(const std::string& name, double& tLow, double& tHigh) const {
-    return Find(gas_, name, tLow, tHigh);
+    return Find(GasCompoundTable(), name, tLow, tHigh);
 }
 
 bool ComponentTables::FindLiquidLimits(const std::string& name, double& tLow, double& tHigh) const {
-    return Find(liquid_, name, tLow, tHigh);
+    return Find(LiquidCompoundTable(), name, tLow, tHigh);
 }
 
 ComponentTables& CompoundTables() {

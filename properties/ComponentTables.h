@@ -6,28 +6,21 @@
 #include <cstdint>
 #include <string>
 
-#include "BoundedArray.h"
 #include "ComponentList.h"
+#include "ModDefaults.h"
 
 namespace qdf {
 
-struct CompoundRecord {
-    std::string Name;
-    int32_t ChemID = 0;
-    double MinTemp = 0.0;  // K
-    double MaxTemp = 100.0;
-    double MinPress = 0.0;
-    double MaxPress = 0.0;
-};
-
 class ComponentTables : public IComponentList {
   public:
-    static constexpr int kRows = 251;
+    static constexpr int kRows = static_cast<int>(kCompoundRows);
     // Limits of "AIR" in the gas table, set by hand: they reach beyond the correlations.
     static constexpr double kAirLowK = 194.67;
     static constexpr double kAirHighK = 772.9;
 
-    ComponentTables() { Reset(); }
+    // The rows live in the model's module-wide tables (LiquidCompoundTable, GasCompoundTable),
+    // which the pages read; this class fills them and answers lookups over them.
+    ComponentTables() = default;
 
     // Empty rows: no name, id 0, 0 to 100 K, pressure 0 to 1000 (liquid) or 10000 (gas).
     void Reset();
@@ -37,8 +30,8 @@ class ComponentTables : public IComponentList {
     // ranges. Range statuses are ignored. Returns 0, or 1 on a numeric failure.
     int32_t Build();
 
-    const BoundedArray<CompoundRecord, kRows>& Gas() const { return gas_; }
-    const BoundedArray<CompoundRecord, kRows>& Liquid() const { return liquid_; }
+    const CompoundTable& Gas() const { return GasCompoundTable(); }
+    const CompoundTable& Liquid() const { return LiquidCompoundTable(); }
 
     // IComponentList over the filled rows; lookups walk every row in table order.
     int Count() const override { return count_; }
@@ -48,8 +41,6 @@ class ComponentTables : public IComponentList {
     bool FindLiquidLimits(const std::string& name, double& tLow, double& tHigh) const override;
 
   private:
-    BoundedArray<CompoundRecord, kRows> gas_;
-    BoundedArray<CompoundRecord, kRows> liquid_;
     int count_ = 0;
 };
 

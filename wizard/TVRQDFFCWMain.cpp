@@ -12,7 +12,7 @@
 #include <QVBoxLayout>
 
 #include "CodeTables.h"
-#include "ComponentList.h"
+#include "ComponentTables.h"
 #include "ModDefaults.h"
 #include "ModUnit.h"
 #include "NumberText.h"
@@ -184,7 +184,6 @@ qdf::clsExGlobalVars* TVRQDFFCWMain::Initialize(qdf::clsExGlobalVars* store) {
     if (store_ && store_->BusID == "FFH1") MenuImportPMF->setVisible(false);
     ApplyDebugRule();
 
-    qdf::ResetCompoundTables();
     FillCompoundTables();
 
     for (ctlPage* p : Pages()) p->setVisible(p == ctlModeSelection1);
@@ -193,22 +192,8 @@ qdf::clsExGlobalVars* TVRQDFFCWMain::Initialize(qdf::clsExGlobalVars* store) {
 }
 
 void TVRQDFFCWMain::FillCompoundTables() {
-    const qdf::IComponentList* list = WizardServices().components;
-    if (!list) return;
-    qdf::CompoundTable& liquid = qdf::LiquidCompoundTable();
-    qdf::CompoundTable& gas = qdf::GasCompoundTable();
-    const int n = std::min<int>(list->Count(), static_cast<int>(qdf::kCompoundRows));
-    for (int i = 0; i < n; ++i) {
-        const std::string name = list->Name(i);
-        const std::int32_t id = list->Id(i);
-        liquid[i].Name = name;
-        liquid[i].ID = id;
-        list->FindLiquidLimits(name, liquid[i].MinTemp, liquid[i].MaxTemp);
-        gas[i].Name = name;
-        gas[i].ID = id;
-        // "AIR" has fixed gas limits; the catalogue serves them, no range call is made.
-        list->FindGasLimits(name, gas[i].MinTemp, gas[i].MaxTemp);
-    }
+    // Range statuses are ignored while building; a failure leaves the tables reset.
+    qdf::CompoundTables().Build();
 }
 
 void TVRQDFFCWMain::Terminate() {

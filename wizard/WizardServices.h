@@ -12,7 +12,6 @@ class ISDKMessageService;
 
 namespace qdf {
 class clsExGlobalVars;
-class IComponentList;
 }  // namespace qdf
 
 namespace qdf::wizard {
@@ -87,11 +86,10 @@ class IFileCommands {
 };
 
 // Module-wide services. Each main control takes them at construction; null members fall back
-// to the defaults (Qt dialogs, no file commands, no catalogue, the desktop's document open).
+// to the defaults (Qt dialogs, no file commands, the desktop's document open).
 struct Services {
     IDialogService* dialogs = nullptr;
     IFileCommands* files = nullptr;
-    const IComponentList* components = nullptr;
     std::function<void(const std::string& path)> openDocument;
 };
 Services& WizardServices();

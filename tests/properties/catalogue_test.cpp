@@ -93,12 +93,12 @@ TEST_F(TablesTest, AirGasLimitsAreFixedAndTablesHoldTheWholeCatalogue) {
     const int32_t count = SND::DprGetClist(names, ids);
     ASSERT_EQ(tables.Count(), count);
     EXPECT_EQ(tables.Liquid()[count - 1].Name, names.back());
-    EXPECT_EQ(tables.Gas()[count - 1].ChemID, ids.back());
+    EXPECT_EQ(tables.Gas()[count - 1].ID, ids.back());
     EXPECT_EQ(tables.Gas()[0].MaxPress, 10000.0);
     EXPECT_EQ(tables.Liquid()[0].MaxPress, 1000.0);
     const auto& spare = tables.Gas()[ComponentTables::kRows - 1];
     EXPECT_EQ(spare.Name, "");
-    EXPECT_EQ(spare.ChemID, 0);
+    EXPECT_EQ(spare.ID, 0);
     EXPECT_EQ(spare.MinTemp, 0.0);
     EXPECT_EQ(spare.MaxTemp, 100.0);
 }

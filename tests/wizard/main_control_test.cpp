@@ -4,7 +4,6 @@
 #include <QPushButton>
 #include <QToolBar>
 
-#include "ComponentList.h"
 #include "WizardFixture.h"
 #include "WizardServices.h"
 #include "ctlAbout.h"
@@ -20,23 +19,6 @@ std::vector<std::string> VisibleEntries(QMenu* menu) {
         if (a->isVisible()) v.push_back(a->objectName().toStdString());
     return v;
 }
-
-class TwoComponents : public IComponentList {
-  public:
-    int Count() const override { return 2; }
-    std::string Name(int i) const override { return i == 0 ? "AIR" : "WATER"; }
-    int32_t Id(int i) const override { return i == 0 ? 914 : 1921; }
-    bool FindGasLimits(const std::string& n, double& lo, double& hi) const override {
-        lo = n == "AIR" ? 194.67 : 300;
-        hi = n == "AIR" ? 772.9 : 1000;
-        return true;
-    }
-    bool FindLiquidLimits(const std::string& n, double& lo, double& hi) const override {
-        lo = n == "AIR" ? 60 : 273.16;
-        hi = n == "AIR" ? 130 : 647;
-        return true;
-    }
-};
 
 // Records which command ran and with which services; the Mgt import turns debug mode on.
 class RecordingFiles : public wizard::IFileCommands {
@@ -209,20 +191,22 @@ TEST_F(WizardFixture, CheckCompatibleClearsGaugeReferencePressure) {
 
 // Catches component tables left empty or stale rows kept beyond the catalogue.
 TEST_F(WizardFixture, CompoundTablesFilledFromCatalogue) {
-    TwoComponents list;
-    wizard::WizardServices().components = &list;
     GasCompoundTable()[2].Name = "STALE";
+    GasCompoundTable()[240].Name = "STALE";
     Open();
-    wizard::WizardServices().components = nullptr;
-    EXPECT_EQ(GasCompoundTable()[0].Name, "AIR");
-    EXPECT_EQ(GasCompoundTable()[0].ID, 914);
-    EXPECT_EQ(GasCompoundTable()[0].MinTemp, 194.67);
-    EXPECT_EQ(GasCompoundTable()[0].MaxTemp, 772.9);
-    EXPECT_EQ(LiquidCompoundTable()[1].Name, "WATER");
-    EXPECT_EQ(LiquidCompoundTable()[1].MaxTemp, 647.0);
-    EXPECT_EQ(GasCompoundTable()[2].Name, "");
-    EXPECT_EQ(GasCompoundTable()[2].MaxPress, 10000.0);
-    EXPECT_EQ(LiquidCompoundTable()[2].MaxPress, 1000.0);
+    EXPECT_NE(GasCompoundTable()[2].Name, "STALE");
+    EXPECT_EQ(GasCompoundTable()[13].Name, "METHANE");
+    EXPECT_EQ(LiquidCompoundTable()[14].ID, 905);
+    int air = -1;
+    for (int i = 0; i < 200; ++i)
+        if (GasCompoundTable()[i].Name == "AIR") air = i;
+    ASSERT_GE(air, 0);
+    EXPECT_EQ(GasCompoundTable()[air].MinTemp, 194.67);
+    EXPECT_EQ(GasCompoundTable()[air].MaxTemp, 772.9);
+    EXPECT_LT(LiquidCompoundTable()[13].MinTemp, LiquidCompoundTable()[13].MaxTemp);
+    EXPECT_EQ(GasCompoundTable()[240].Name, "");
+    EXPECT_EQ(GasCompoundTable()[240].MaxPress, 10000.0);
+    EXPECT_EQ(LiquidCompoundTable()[240].MaxPress, 1000.0);
 }
 
 // Catches file commands not dispatched, or the pages and debug rule not refreshed after import.
