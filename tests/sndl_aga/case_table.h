@@ -26,7 +26,9 @@ struct CaseRow {
 };
 
 // Failing parameterised tests name their row.
-inline void PrintTo(const CaseRow& row, std::ostream* os) { *os << row.cells.at(0); }
+inline void PrintTo(const CaseRow& row, std::ostream* os) {
+    *os << row.cells.at(0);
+}
 
 inline std::vector<CaseRow> loadCases(const std::string& file) {
     std::ifstream in(std::string(QDF_SOURCE_DIR) + "/tests/sndl_aga/data/" + file);
