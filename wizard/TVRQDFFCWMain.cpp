@@ -18,6 +18,7 @@
 #include "NumberText.h"
 #include "PageSupport.h"
 #include "SDKFrame.h"
+#include "WizardFileCommands.h"
 #include "WizardServices.h"
 #include "clsExGlobalVars.h"
 #include "ctlAbout.h"
@@ -331,14 +332,15 @@ bool TVRQDFFCWMain::RunFileCommand(bool (IFileCommands::*command)(qdf::clsExGlob
                                                                   ISDKMessageService&,
                                                                   IDialogService&)) {
     Services& services = WizardServices();
-    if (!store_ || !services.files || !store_->SDKManager) return false;
+    if (!store_ || !store_->SDKManager) return false;
+    IFileCommands& files = services.files ? *services.files : StandardFileCommands();
     ISDKMessageService* messages = store_->SDKManager->SDKMessageService();
     if (!messages) return false;
     QtDialogService desktop;
     IDialogService& dialogs = services.dialogs ? *services.dialogs : desktop;
     // A failing command stays at the command: the wizard keeps its page.
     try {
-        return (services.files->*command)(*store_, *messages, dialogs);
+        return (files.*command)(*store_, *messages, dialogs);
     } catch (...) {
         return false;
     }

@@ -86,7 +86,8 @@ class IFileCommands {
 };
 
 // Module-wide services. Each main control takes them at construction; null members fall back
-// to the defaults (Qt dialogs, no file commands, the desktop's document open).
+// to the defaults (Qt dialogs, the file commands of the files library, the desktop's document
+// open).
 struct Services {
     IDialogService* dialogs = nullptr;
     IFileCommands* files = nullptr;
