@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStatusBar>
@@ -178,7 +177,11 @@ void FrameMainWindow::OnModuleClosed() {
 }
 
 void FrameMainWindow::ShowError(const QString& text) {
-    QMessageBox::warning(this, "QDF300 Device Frame", text);
+    // Through the frame's message service, so that a scripted run records it instead of
+    // waiting on a box nobody answers.
+    host_.MessageService().ShowMessage("QDF300 Device Frame", text.toStdString(),
+                                       qdf::sdk::kMessageKindError, qdf::sdk::kMessageButtonsOk,
+                                       qdf::sdk::kMessageAnswerOk);
 }
 
 void FrameMainWindow::AddDeviceDialog() {

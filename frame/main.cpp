@@ -1,16 +1,23 @@
 // qdf-frame: the reference device frame.
 //   qdf-frame [PROJECT.qdfproject | DEVICE.json ...] [--user-level N] [--user-name NAME]
-//             [--open-wizard]
-// Without a project or device the demo HART device is loaded.
+//             [--open-wizard] [--script SCRIPT.json]
+// Without a project or device the demo HART device is loaded. With a script the window opens
+// the wizard on the first device, plays the script through it, prints what the wizard showed
+// and wrote, and quits: 0 when every step was played, 1 otherwise.
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
+#include <QTimer>
 #include <cstdio>
+#include <iostream>
+#include <memory>
+#include <string>
 
 #include "FrameHost.h"
 #include "FrameMainWindow.h"
+#include "FrameScript.h"
 
 namespace {
 
@@ -31,6 +38,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("qdf-frame");
     QApplication::setOrganizationName("TAVRIN");
 
+    // Declared before the host: the host answers messages through the script's service to the end.
+    std::unique_ptr<qdf::frame::FrameScript> script;
     qdf::frame::FrameHost host;
     QSettings settings;
     host.user.level = settings.value("user/level", host.user.level).toInt();
@@ -46,6 +55,13 @@ int main(int argc, char** argv) {
         const QString& a = args[i];
         if (a == "--open-wizard") {
             openWizard = true;
+        } else if (a == "--script" && i + 1 < args.size()) {
+            script = std::make_unique<qdf::frame::FrameScript>(std::cout);
+            std::string error;
+            if (!script->Load(args[++i].toStdString(), &error)) {
+                std::fprintf(stderr, "qdf-frame: %s\n", error.c_str());
+                return 1;
+            }
         } else if (a == "--user-level" && i + 1 < args.size()) {
             host.user.level = args[++i].toInt();
         } else if (a == "--user-name" && i + 1 < args.size()) {
@@ -57,6 +73,8 @@ int main(int argc, char** argv) {
         }
     }
 
+    // The script's user and answers; its message service also keeps the window from blocking.
+    if (script) script->Attach(host);
     qdf::frame::FrameMainWindow window(host);
     if (!project.isEmpty()) {
         if (!window.OpenProjectFrom(project)) return 1;
@@ -74,6 +92,27 @@ int main(int argc, char** argv) {
     }
     window.SelectDevice(0);
     window.show();
+    if (script) {
+        // Played from the event loop, with the window up as a user sees it.
+        QTimer::singleShot(0, &window, [&] {
+            int rc = 0;
+            std::string error;
+            if (!window.OpenWizard()) {
+                error = "the flow configuration wizard could not be opened";
+            } else {
+                QCoreApplication::processEvents();
+                script->Play(host, &error);
+            }
+            if (!error.empty()) {
+                std::fprintf(stderr, "qdf-frame: %s\n", error.c_str());
+                rc = 1;
+            }
+            script->Finish(host, window.CurrentDevice());
+            QApplication::exit(rc);
+        });
+        // A scripted run leaves the user's settings as they were.
+        return QApplication::exec();
+    }
     if (openWizard) window.OpenWizard();
     const int rc = QApplication::exec();
     settings.setValue("user/level", host.user.level);

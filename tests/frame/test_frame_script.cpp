@@ -1,0 +1,218 @@
+// Scripts played on a hosted module's view: where controls are found, what is printed, where
+// a script stops, and the file dialogs of menu commands.
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "FrameHost.h"
+#include "FrameScript.h"
+
+// The wizard's page base class, which the frame knows only by its name.
+class ctlPage : public QWidget {
+    Q_OBJECT
+  public:
+    using QWidget::QWidget;
+};
+
+namespace qdf::frame {
+namespace {
+
+using namespace qdf::sdk;
+
+// Two pages that both have a cmdNext; the second holds a box, a list, a grid, a question and a
+// close button; the module has a menu command that asks for a file.
+class PagesModule : public QWidget, public ISDKModule {
+  public:
+    ctlPage* first;
+    ctlPage* second;
+    QLineEdit* box;
+    QComboBox* list;
+    QTableWidget* grid;
+    int secondNextClicks = 0;
+    std::int32_t answer = 0;
+    QString opened = "(not asked)";
+
+    PagesModule() {
+        first = Page("pageFirst");
+        second = Page("pageSecond");
+        second->hide();
+        connect(Button(first, "cmdNext"), &QPushButton::clicked, [this] {
+            first->hide();
+            second->show();
+        });
+        connect(Button(second, "cmdNext"), &QPushButton::clicked, [this] { ++secondNextClicks; });
+        box = new QLineEdit(second);
+        box->setObjectName("txtValue");
+        list = new QComboBox(second);
+        list->setObjectName("cboUnit");
+        list->addItems({"degC", "degF"});
+        grid = new QTableWidget(2, 2, second);
+        grid->setObjectName("grdTable");
+        connect(Button(second, "cmdAsk"), &QPushButton::clicked, [this] {
+            answer = manager_->SDKMessageService()->ShowMessage(
+                "Title", "Keep \"it\"?", kMessageKindQuestion, kMessageButtonsYesNo,
+                kMessageAnswerYes);
+        });
+        connect(Button(second, "cmdClose"), &QPushButton::clicked,
+                [this] { manager_->CloseModule(id_); });
+        auto* open = new QAction(this);
+        open->setObjectName("MenuOpen");
+        connect(open, &QAction::triggered,
+                [this] { opened = QFileDialog::getOpenFileName(this, "Open"); });
+    }
+
+    void ISDKModule_Initialize(const std::string& id, std::int32_t, const std::string&,
+                               ISDKManager* m) override {
+        id_ = id;
+        manager_ = m;
+    }
+    void ISDKModule_OnConnectionStatusChange(const std::string&, std::int32_t) override {}
+    std::int32_t ISDKModule_QueryDisconnect() override { return kSDKStatusOk; }
+    std::int32_t ISDKModule_QueryDestroyModule(const std::string&) override { return 0; }
+    void ISDKModule_Disconnect() override {}
+    Value ISDKModule_GetModuleKey() override { return {}; }
+    void ISDKModule_SetPersistentData(const Value&) override {}
+    Value ISDKModule_GetPersistentData() override { return {}; }
+    void ISDKModule_LockGUI() override {}
+    void ISDKModule_UnlockGUI() override {}
+    std::int16_t ISDKModule_OnIdle(std::int32_t) override { return 0; }
+    std::int16_t ISDKModule_OnFdtPrint(const std::string&) override { return 0; }
+    std::int16_t ISDKModule_OnPrint(const Value&, std::int32_t) override { return 0; }
+    void ISDKModule_OnLanguageIDChange(const std::string&) override {}
+    void* View() override { return static_cast<QWidget*>(this); }
+
+  private:
+    ctlPage* Page(const char* name) {
+        auto* p = new ctlPage(this);
+        p->setObjectName(name);
+        Button(p, "cmdNext");
+        return p;
+    }
+    static QPushButton* Button(QWidget* page, const char* name) {
+        if (auto* b = page->findChild<QPushButton*>(name)) return b;
+        auto* b = new QPushButton(page);
+        b->setObjectName(name);
+        return b;
+    }
+
+    ISDKManager* manager_ = nullptr;
+    std::string id_;
+};
+
+// A host with the demo HART device and the module open on it, and a script printing into out.
+struct Played {
+    std::ostringstream out;
+    FrameScript script{out};
+    FrameHost host;
+    PagesModule* module = nullptr;
+
+    explicit Played(const std::string& json) {
+        std::string error;
+        EXPECT_TRUE(script.Parse(json, &error)) << error;
+        QString deviceError;
+        EXPECT_TRUE(
+            host.AddDeviceFile(QDF_SOURCE_DIR "/data/devices/qdf300_hart.json", &deviceError))
+            << deviceError.toStdString();
+        script.Attach(host);
+        module = new PagesModule;
+        host.OpenModule(0, module, [](ISDKModule* m) { delete static_cast<PagesModule*>(m); });
+    }
+    // The error, "" when every step was played.
+    std::string Play() {
+        std::string error;
+        if (script.Play(host, &error)) error.clear();
+        return error;
+    }
+};
+
+TEST(FrameScript, UnnamedPageMeansThePageInViewAndRowsAreQuoted) {
+    // Catches a step without a page that reaches the hidden page's button of the same name, an
+    // answer not taken from the step's queue, or a quote in a message left undoubled.
+    Played run(R"({"steps": [
+        {"click": "cmdNext"},
+        {"click": "cmdNext"},
+        {"set": "txtValue", "text": "15"},
+        {"choose": "cboUnit", "entry": "degF"},
+        {"cell": "grdTable", "row": 1, "column": 0, "text": "2.5"},
+        {"answers": [7], "click": "cmdAsk"}]})");
+    PagesModule& m = *run.module;
+    ASSERT_EQ(run.Play(), "");
+    EXPECT_EQ(m.secondNextClicks, 1);
+    EXPECT_EQ(m.box->text(), "15");
+    EXPECT_EQ(m.list->currentText(), "degF");
+    ASSERT_NE(m.grid->item(1, 0), nullptr);
+    EXPECT_EQ(m.grid->item(1, 0)->text(), "2.5");
+    EXPECT_EQ(m.answer, kMessageAnswerNo);
+    run.script.Finish(run.host, 0);
+    EXPECT_EQ(run.out.str(),
+              "message,\"Title\",\"Keep \"\"it\"\"?\",3,5,6,7\n"
+              "module,open,pageSecond\n");
+    EXPECT_FALSE(run.host.IsModuleOpen());
+}
+
+TEST(FrameScript, StopsAtTheFirstStepItCannotPlayAndSaysWhy) {
+    // Catches a bad step that is skipped silently, or steps played after it.
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {R"({"page": "pageNone", "click": "cmdNext"})", "no page pageNone"},
+        {R"({"click": "cmdMissing"})", "no control cmdMissing"},
+        {R"({"page": "pageFirst", "set": "txtValue", "text": "1"})", "no control txtValue"},
+        {R"({"choose": "cboUnit", "entry": "K"})", "no entry K"},
+        {R"({"menu": "MenuNone"})", "no menu entry MenuNone"},
+        {R"({"page": "pageSecond", "click": "cmdClose"})", "the module is closed"},
+    };
+    for (const auto& [step, why] : cases) {
+        Played run(R"({"steps": [)" + step + R"(, {"page": "pageSecond", "click": "cmdNext"}]})");
+        const bool closes = why == "the module is closed";
+        EXPECT_EQ(run.Play(), why) << step;
+        if (!closes) {
+            EXPECT_EQ(run.module->secondNextClicks, 0) << step;
+        }
+        run.script.Finish(run.host, 0);
+        EXPECT_EQ(run.out.str(), closes ? "module,closed\n" : "module,open,pageFirst\n") << step;
+    }
+}
+
+TEST(FrameScript, MenuPathAnswersTheCommandsFileDialog) {
+    // Catches a menu command whose file dialog waits for a user in a scripted window, or that
+    // receives another path than the script's.
+    Played run(R"({"steps": [{"menu": "MenuOpen", "path": "examples/x.qmv"}]})");
+    ASSERT_EQ(run.Play(), "");
+    EXPECT_EQ(run.module->opened, QDir::current().absoluteFilePath("examples/x.qmv"));
+}
+
+TEST(FrameScript, HeadSetsTheUserAndMalformedHeadsAreRefused) {
+    // Catches a script whose user is ignored, or a malformed one taken as empty.
+    Played run(R"({"user": {"level": 3, "name": "plant engineer"}, "answers": [6, 7]})");
+    EXPECT_EQ(run.host.user.level, 3);
+    EXPECT_EQ(run.host.user.name, "plant engineer");
+    EXPECT_EQ(run.script.Messages().answers, (std::deque<std::int32_t>{6, 7}));
+    EXPECT_EQ(&run.host.MessageService(), &run.script.Messages());
+
+    std::ostringstream out;
+    FrameScript bad(out);
+    for (const char* text :
+         {"[]", R"({"answers": ["yes"]})", R"({"user": {"level": "two"}})", R"({"steps": [)"}) {
+        std::string error;
+        EXPECT_FALSE(bad.Parse(text, &error)) << text;
+        EXPECT_FALSE(error.empty()) << text;
+    }
+    std::string error;
+    EXPECT_FALSE(bad.Load(QDF_SOURCE_DIR "/no/such/script.json", &error));
+    EXPECT_NE(error.find("cannot open"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace qdf::frame
+
+#include "test_frame_script.moc"

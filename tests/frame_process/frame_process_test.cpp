@@ -1,0 +1,124 @@
+// The qdf-frame program started as a user starts it, playing a wizard script through its window
+// and the module library it loads.
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace {
+
+struct Finished {
+    int exitCode = -1;
+    QStringList out;  // non-empty lines
+    QString err;
+};
+
+class FrameProcess : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        QFile reg(dir.filePath("registry.ini"));
+        ASSERT_TRUE(reg.open(QIODevice::WriteOnly));
+        reg.write("[SOFTWARE\\TAVRIN\\DTMs\\SondraCommon]\nPath=" + dir.path().toUtf8() + "/\n");
+    }
+
+    QString Script(const QByteArray& json) {
+        const QString path = dir.filePath("script.json");
+        QFile f(path);
+        EXPECT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(json);
+        return path;
+    }
+
+    Finished Run(const QString& program, const QStringList& args) {
+        QProcess p;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("QT_QPA_PLATFORM", "offscreen");
+        env.insert("QDF_REGISTRY", dir.filePath("registry.ini"));
+        // The frame's own settings stay inside the test's folder.
+        env.insert("XDG_CONFIG_HOME", dir.path());
+        p.setProcessEnvironment(env);
+        p.start(program, args);
+        Finished f;
+        if (!p.waitForFinished(60000)) {
+            p.kill();
+            p.waitForFinished();
+            ADD_FAILURE() << program.toStdString() << " did not quit";
+            return f;
+        }
+        f.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+        f.out = QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+        f.err = QString::fromUtf8(p.readAllStandardError());
+        return f;
+    }
+
+    QTemporaryDir dir;
+};
+
+const QString kHart = QStringLiteral(QDF_SOURCE_DIR "/data/devices/qdf300_hart.json");
+
+// Catches a window that never opens the wizard, blocks on a box, or loses or retypes one of
+// the nine writes of the Basic path on the HART device.
+TEST_F(FrameProcess, DemoScriptWritesTheNineBasicParametersAndCloses) {
+    const Finished f =
+        Run(QDF_FRAME_EXE, {"--script", QDF_SOURCE_DIR "/data/demo/basic_hart.json", kHart});
+    ASSERT_EQ(f.exitCode, 0) << f.err.toStdString();
+    const QStringList expected = {
+        "write,\"qdf_menu_dummy\",\"static_pressure_units\",int32,12",
+        "write,\"qdf_menu_diameter_config\",\"et_units\",int32,32",
+        "write,\"qdf_menu_dummy\",\"simple_dens_base\",double,0",
+        "write,\"qdf_menu_basic_flow_calc\",\"flow_calc_mode\",int32,1",
+        "write,\"qdf_menu_basic_flow_calc\",\"fluid_type\",int32,1",
+        "write,\"qdf_menu_basic_flow_calc\",\"flow_calc_fixed\",double,2.5",
+        "write,\"qdf_menu_basic_flow_calc\",\"ref_sp\",double,101.325",
+        "write,\"qdf_menu_basic_flow_calc\",\"ref_temp\",double,15",
+        "write,\"qdf_menu_basic_flow_calc\",\"temp_k1\",double,0.25",
+        "module,closed",
+    };
+    EXPECT_EQ(f.out, expected) << f.out.join("\n").toStdString();
+}
+
+// Catches a run that hangs or reports success when a step names a control the page lacks, or
+// that leaves the user without the reason.
+TEST_F(FrameProcess, MissingControlStopsTheScriptWithExitCodeOne) {
+    const QString script = Script(R"({"steps": [
+        {"page": "ctlModeSelection1", "click": "optBasicMode"},
+        {"page": "ctlModeSelection1", "click": "optNoSuchMode"},
+        {"page": "ctlModeSelection1", "click": "cmdNext"}]})");
+    const Finished f = Run(QDF_FRAME_EXE, {"--script", script, kHart});
+    EXPECT_EQ(f.exitCode, 1);
+    EXPECT_TRUE(f.err.contains("no control optNoSuchMode")) << f.err.toStdString();
+    // The step after the failing one was not played: the wizard is still on the first page.
+    EXPECT_EQ(f.out, QStringList{"module,open,ctlModeSelection1"});
+}
+
+// Catches a script file the frame cannot read being taken for an empty script.
+TEST_F(FrameProcess, UnreadableScriptIsRefused) {
+    const Finished f = Run(QDF_FRAME_EXE, {"--script", Script("{\"steps\": ["), kHart});
+    EXPECT_EQ(f.exitCode, 1);
+    EXPECT_TRUE(f.err.contains("qdf-frame: ")) << f.err.toStdString();
+    EXPECT_TRUE(f.out.isEmpty());
+}
+
+#ifdef QDF_WIZARD_EXE
+// Catches the window and the headless run drifting apart: the same script, with a refusal
+// answered from the queue, must print the same rows in both.
+TEST_F(FrameProcess, WindowPrintsWhatTheHeadlessRunPrints) {
+    const QString script = QDF_SOURCE_DIR "/tests/module/basic_hart.json";
+    const Finished window = Run(QDF_FRAME_EXE, {"--script", script, kHart});
+    const Finished headless = Run(QDF_WIZARD_EXE, {"--device", kHart, "--script", script});
+    ASSERT_EQ(window.exitCode, 0) << window.err.toStdString();
+    ASSERT_EQ(headless.exitCode, 0) << headless.err.toStdString();
+    ASSERT_FALSE(window.out.isEmpty());
+    EXPECT_EQ(window.out.front(),
+              "message,\"QDF300 Flow Configuration Wizard\",\"Please fill out reference "
+              "temperature \",2,2,4,4");
+    EXPECT_EQ(window.out, headless.out);
+}
+#endif
+
+}  // namespace
