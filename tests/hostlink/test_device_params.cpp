@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "../common/DataTable.h"
 #include "FakeFrame.h"
 #include "ModDeviceParams.h"
 #include "clsAsyncStatus.h"
@@ -13,6 +14,7 @@ namespace qdf::test {
 namespace {
 
 using namespace qdf::host;
+namespace testdata = qdf::testdata;
 
 TEST(WriteParameter, FiveCallsInOrderEachOnAFreshWriterWithNullStatus) {
     // Catches a writer reused across steps, a step out of order, or a status object passed.
@@ -71,26 +73,11 @@ TEST(UnitCodes, TemperatureConversionForBothCodeSets) {
 TEST(UnitCodes, FFPressureCodesFoldOntoHartCodesWithRescaling) {
     // Catches a missing range member, a rescale in the wrong direction, or an unknown code that
     // keeps a stale unit instead of 0.
-    struct Row {
-        std::int32_t ff, hart;
-        double value;
-    };
-    const Row rows[] = {
-        {1130, 11, 2.0},   {1542, 11, 2.0},    {1131, 237, 2000.0}, {1544, 237, 2000.0},
-        {1132, 237, 2.0},  {1133, 12, 2.0},    {1548, 12, 2.0},     {1134, 11, 0.002},
-        {1550, 11, 0.002}, {1135, 11, 2.0e-6}, {1551, 11, 2.0e-6},  {1136, 241, 2.0},
-        {1597, 7, 2.0},    {1590, 7, 2.0},     {1591, 8, 2.0},      {1139, 13, 2.0},
-        {1140, 14, 2.0},   {1143, 6, 2.0},     {1556, 9, 2.0},      {1557, 10, 2.0},
-        {1147, 238, 2.0},  {1562, 238, 2.0},   {1564, 1, 2.0},      {1150, 239, 2.0},
-        {1568, 239, 2.0},  {1570, 4, 2.0},     {1153, 240, 2.0},    {1574, 240, 2.0},
-        {1575, 3, 2.0},    {1155, 2, 2.0},     {1580, 2, 2.0},      {1157, 5, 2.0},
-        {1584, 5, 2.0},    {1129, 0, 2.0},     {1585, 0, 2.0},      {1592, 0, 2.0},
-    };
-    for (const Row& r : rows) {
-        SCOPED_TRACE(r.ff);
-        const HartPressure p = HartPressUnitFromFF(r.ff, 2.0);
-        EXPECT_EQ(p.code, r.hart);
-        EXPECT_DOUBLE_EQ(p.value, r.value);
+    for (const testdata::Row& r : testdata::Load("tests/hostlink/data/ff_pressure_codes.csv")) {
+        SCOPED_TRACE(r.where());
+        const HartPressure p = HartPressUnitFromFF(r.integer("ff"), 2.0);
+        EXPECT_EQ(p.code, r.integer("hart"));
+        EXPECT_DOUBLE_EQ(p.value, r.num("value"));
     }
 }
 

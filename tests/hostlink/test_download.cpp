@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "../common/DataTable.h"
 #include "FakeFrame.h"
 #include "ModDownload.h"
 #include "clsExGlobalVars.h"
@@ -14,21 +15,23 @@ namespace qdf::test {
 namespace {
 
 using host::DownloadToFrame;
+namespace testdata = qdf::testdata;
 
-Value I16(int v) {
-    return Value(static_cast<std::int16_t>(v));
+// One download list of data/download_writes.csv, as the frame must record it.
+std::vector<RecordedWrite> Writes(const std::string& list) {
+    std::vector<RecordedWrite> out;
+    for (const testdata::Row& r : testdata::Load("tests/hostlink/data/download_writes.csv")) {
+        if (r.text("list") != list) continue;
+        const std::string& kind = r.text("kind");
+        Value v = kind == "str"   ? Value(r.text("value"))
+                  : kind == "f64" ? Value(r.num("value"))
+                  : kind == "i16" ? Value(static_cast<std::int16_t>(r.integer("value")))
+                                  : Value(r.integer("value"));
+        out.push_back({r.text("menu"), r.text("parameter"), v});
+    }
+    if (out.empty()) throw std::invalid_argument("no download list " + list);
+    return out;
 }
-Value I32(int v) {
-    return Value(static_cast<std::int32_t>(v));
-}
-Value F64(double v) {
-    return Value(v);
-}
-Value Str(const char* v) {
-    return Value(v);
-}
-
-const std::string B = "FLOW_TRANSDUCER_BLOCK.0.";
 
 void ExpectWrites(const std::vector<RecordedWrite>& got, const std::vector<RecordedWrite>& want) {
     ASSERT_EQ(got.size(), want.size());
@@ -98,24 +101,12 @@ class Download : public ::testing::Test {
     clsExGlobalVars s;
 };
 
-const std::vector<RecordedWrite> kHartBasic = {
-    {"qdf_menu_dummy", "static_pressure_units", I32(12)},
-    {"qdf_menu_diameter_config", "et_units", I32(32)},
-    {"qdf_menu_dummy", "simple_dens_base", F64(1.25)},
-    {"qdf_menu_basic_flow_calc", "flow_calc_mode", I32(5)},
-    {"qdf_menu_basic_flow_calc", "fluid_type", I32(2)},
-    {"qdf_menu_basic_flow_calc", "flow_calc_fixed", F64(0.75)},
-    {"qdf_menu_basic_flow_calc", "ref_sp", F64(101.325)},
-    {"qdf_menu_basic_flow_calc", "ref_temp", F64(15.0)},
-    {"qdf_menu_basic_flow_calc", "temp_k1", F64(-0.002)},
-};
-
 TEST_F(Download, HartBasicWritesNineRowsInOrderForAnyNonZeroMode) {
     // Catches a wrong row, type or order in the HART basic list, or mode 5 taken as "nothing".
     s.BusID = "HART";
     s.Xmtr_SimpleFlowCalcMode = 5;
     DownloadToFrame(s);
-    ExpectWrites(frame.writes, kHartBasic);
+    ExpectWrites(frame.writes, Writes("hart_basic"));
     EXPECT_EQ(s.varsChanged, kFalse);
 }
 
@@ -126,59 +117,7 @@ TEST_F(Download, HartAutoWritesFiftyRowsWithZeroedSlotsAndDeviceUnitTemperatures
     s.Xmtr_SimpleFlowCalcMode = 0;
     s.Xmtr_SimpleTempUnit = 35;  // the page's unit must not decide
     DownloadToFrame(s);
-    const std::vector<RecordedWrite> want = {
-        {"qdf_menu_basic_flow_calc", "flow_calc_mode", I16(0)},
-        {"qdf_menu_ieee_discharge_coef", "discharge_coef_0", F64(1.5)},
-        {"qdf_menu_ieee_discharge_coef", "discharge_coef_1", F64(2.5)},
-        {"qdf_menu_ieee_discharge_coef", "discharge_coef_2", F64(3.5)},
-        {"qdf_menu_ieee_discharge_coef", "discharge_coef_3", F64(4.5)},
-        {"qdf_menu_ieee_discharge_coef", "discharge_coef_4", F64(5.5)},
-        {"qdf_menu_ieee_discharge_coef", "discharge_coef_5", I16(0)},
-        {"qdf_menu_ieee_expansion_coef", "expansion_fact_coef_0", F64(20.5)},
-        {"qdf_menu_ieee_expansion_coef", "expansion_fact_coef_1", F64(21.5)},
-        {"qdf_menu_ieee_expansion_coef", "expansion_fact_coef_2", F64(22.5)},
-        {"qdf_menu_ieee_expansion_coef", "expansion_fact_coef_3", I16(0)},
-        {"qdf_menu_ieee_expansion_coef", "expansion_fact_coef_4", I16(0)},
-        {"qdf_menu_ieee_expansion_coef", "expansion_fact_coef_5", I16(0)},
-        {"qdf_menu_ieee_viscosity_coef", "viscosity_coef_0", F64(300.5)},
-        {"qdf_menu_ieee_viscosity_coef", "viscosity_coef_1", F64(301.5)},
-        {"qdf_menu_ieee_viscosity_coef", "viscosity_coef_2", F64(302.5)},
-        {"qdf_menu_ieee_viscosity_coef", "viscosity_coef_3", F64(303.5)},
-        {"qdf_menu_ieee_viscosity_coef", "viscosity_coef_4", I16(0)},
-        {"qdf_menu_ieee_viscosity_coef", "viscosity_coef_5", I16(0)},
-        {"qdf_menu_ieee_density_coef", "density_coef_00", F64(4000.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_01", F64(4001.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_02", F64(4002.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_03", F64(4003.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_04", F64(4004.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_05", F64(4005.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_06", F64(4006.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_07", F64(4007.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_08", F64(4008.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_09", F64(4009.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_10", F64(4010.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_11", F64(4011.5)},
-        {"qdf_menu_ieee_density_coef", "density_coef_12", I16(0)},
-        {"qdf_menu_ieee_density_coef", "density_coef_13", I16(0)},
-        {"qdf_menu_ieee_density_coef", "density_coef_14", I16(0)},
-        {"qdf_menu_ieee_density_coef", "density_coef_15", I16(0)},
-        {"qdf_menu_ieee_density_coef", "density_coef_16", I16(0)},
-        {"qdf_menu_ieee_density_coef", "density_coef_17", I16(0)},
-        {"qdf_menu_additional_flow_info", "primary_device", I32(2)},
-        {"qdf_menu_additional_flow_info", "fluid_type", I32(3)},
-        {"qdf_menu_additional_flow_info", "density_unit", I32(92)},
-        {"qdf_menu_additional_flow_info", "length_units", I32(49)},
-        {"qdf_menu_additional_flow_info", "factor_alpha_small_d", F64(1.6e-5)},
-        {"qdf_menu_additional_flow_info", "factor_alpha_large_d", F64(1.1e-5)},
-        {"qdf_menu_diameter_config", "length_units", I32(45)},
-        {"qdf_menu_diameter_config", "small_d_r", F64(0.05)},
-        {"qdf_menu_diameter_config", "large_d_r", F64(0.1)},
-        {"qdf_menu_diameter_config", "t_small_d_r", F64(68.0)},
-        {"qdf_menu_diameter_config", "t_large_d_r", F64(86.0)},
-        {"qdf_menu_flow_base_density", "density_unit", I32(94)},
-        {"qdf_menu_flow_base_density", "vol_flow_base_dens", F64(1.2)},
-    };
-    ExpectWrites(frame.writes, want);
+    ExpectWrites(frame.writes, Writes("hart_auto"));
     EXPECT_NEAR(s.Xmtr_TSmallD, 68.0, 1e-9);
     EXPECT_NEAR(s.Xmtr_TBigD, 86.0, 1e-9);
     EXPECT_EQ(s.varsChanged, kFalse);
@@ -187,18 +126,8 @@ TEST_F(Download, HartAutoWritesFiftyRowsWithZeroedSlotsAndDeviceUnitTemperatures
 TEST_F(Download, FFBasicWritesEightRowsUnderOneMenuWithoutConfigStrings) {
     // Catches FF codes swapped for HART ones, or the CONFIG_ strings sent in basic mode.
     s.BusID = "FFH1";
-    const std::string m = B + "FTB_ORIGINAL_PARAMETER_MENU_PART1";
     DownloadToFrame(s);
-    ExpectWrites(frame.writes, {
-                                   {m, B + "STATIC_PRESSURE_UNIT", I32(1133)},
-                                   {m, B + "EXT_TEMPERATURE_UNIT", I32(1001)},
-                                   {m, B + "FLOW_CALCULATION_MODE", I32(1)},
-                                   {m, B + "FIXED_FLOW_VALUE", F64(0.75)},
-                                   {m, B + "REF_STATIC_PRESSURE", F64(101.325)},
-                                   {m, B + "REF_EXT_TEMPERATURE", F64(15.0)},
-                                   {m, B + "TEMP_K1_FOR_LIQUID", F64(-0.002)},
-                                   {m, B + "FLUID_TYPE_CODE", I32(2)},
-                               });
+    ExpectWrites(frame.writes, Writes("ff_basic"));
 }
 
 TEST_F(Download, FFAutoWritesFortySevenRowsWithSixteenDensityTermsAndNoClears) {
@@ -207,56 +136,7 @@ TEST_F(Download, FFAutoWritesFortySevenRowsWithSixteenDensityTermsAndNoClears) {
     s.BusID = "FFH1";
     s.Xmtr_SimpleFlowCalcMode = 0;
     DownloadToFrame(s);
-    const std::vector<RecordedWrite> want = {
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART1", B + "FLOW_CALCULATION_MODE", I32(0)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART1", B + "FLUID_TYPE_CODE", I32(2)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "DENSITY_UNIT_CODE", I32(1097)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "LENGTH_UNIT_CODE", I32(1013)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "PRIMARY_DEVICE_CODE", I32(2)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "PRIMARY_DEVICE_DIAMETER", F64(0.05)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "PRIMARY_DEVICE_EXPANSION_COEF", F64(1.6e-5)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "PRIMARY_DEVICE_REF_TEMPERATURE", F64(20.0)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "PIPE_DIAMETER", F64(0.1)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "PIPE_EXPANSION_COEF", F64(1.1e-5)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "PIPE_REF_TEMPERATURE", F64(30.0)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "BASE_DENSITY_FOR_VOLUME_FLOW", F64(1.2)},
-        {B + "FLOW_CONF1_MENU", B + "FLOW_CONFIG1.ENTRY1", F64(1.5)},
-        {B + "FLOW_CONF1_MENU", B + "FLOW_CONFIG1.ENTRY2", F64(2.5)},
-        {B + "FLOW_CONF1_MENU", B + "FLOW_CONFIG1.ENTRY3", F64(3.5)},
-        {B + "FLOW_CONF1_MENU", B + "FLOW_CONFIG1.ENTRY4", F64(4.5)},
-        {B + "FLOW_CONF1_MENU", B + "FLOW_CONFIG1.ENTRY5", F64(5.5)},
-        {B + "FLOW_CONF2_MENU", B + "FLOW_CONFIG2.ENTRY1", F64(20.5)},
-        {B + "FLOW_CONF2_MENU", B + "FLOW_CONFIG2.ENTRY2", F64(21.5)},
-        {B + "FLOW_CONF2_MENU", B + "FLOW_CONFIG2.ENTRY3", F64(22.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY1", F64(4000.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY2", F64(4001.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY3", F64(4002.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY4", F64(4003.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY5", F64(4004.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY6", F64(4005.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY7", F64(4006.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY8", F64(4007.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY9", F64(4008.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY10", F64(4009.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY11", F64(4010.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY12", F64(4011.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY13", F64(4012.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY14", F64(4013.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY15", F64(4014.5)},
-        {B + "FLOW_CONF3_MENU", B + "FLOW_CONFIG3.ENTRY16", F64(4015.5)},
-        {B + "FLOW_CONF4_MENU", B + "FLOW_CONFIG4.ENTRY1", F64(300.5)},
-        {B + "FLOW_CONF4_MENU", B + "FLOW_CONFIG4.ENTRY2", F64(301.5)},
-        {B + "FLOW_CONF4_MENU", B + "FLOW_CONFIG4.ENTRY3", F64(302.5)},
-        {B + "FLOW_CONF4_MENU", B + "FLOW_CONFIG4.ENTRY4", F64(303.5)},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "CONFIG_SOFT_REV", Str("1.05.00")},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "CONFIG_DATE", Str("2024-05-01 10:20")},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "CONFIG_WHO", Str("Maintenance")},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "CONFIG_VSTRING32", Str("v32")},
-        {B + "CONF_VSTRING16_MENU", B + "CONFIG_VSTRING16.ENTRY1", Str("v16a")},
-        {B + "CONF_VSTRING16_MENU", B + "CONFIG_VSTRING16.ENTRY2", Str("v16b")},
-        {B + "FTB_ORIGINAL_PARAMETER_MENU_PART2", B + "CONFIG_OSTRING32", Str("o32")},
-    };
-    ExpectWrites(frame.writes, want);
+    ExpectWrites(frame.writes, Writes("ff_auto"));
     EXPECT_NEAR(s.Xmtr_TSmallD, 20.0, 1e-9);
 }
 
@@ -274,9 +154,9 @@ TEST_F(Download, UnknownParameterOrMenuIsSkippedAndTheListGoesOn) {
     s.BusID = "HART";
     frame.unknown = {"simple_dens_base", "qdf_menu_diameter_config"};
     DownloadToFrame(s);
-    std::vector<RecordedWrite> want = kHartBasic;
+    std::vector<RecordedWrite> want = Writes("hart_basic");
     want.erase(want.begin() + 1, want.begin() + 3);
-    want[1].value = I32(1);
+    want[1].value = Value(std::int32_t{1});
     ExpectWrites(frame.writes, want);
     for (const auto& c : frame.calls) {
         EXPECT_EQ(c.find("simple_dens_base"), std::string::npos) << c;

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "../common/DataTable.h"
 #include "ModDefaults.h"
 #include "PropertyBag.h"
 #include "StoreRegistry.h"
@@ -20,6 +21,7 @@
 using qdf::clsExGlobalVars;
 using qdf::PropertyBag;
 using qdf::Value;
+namespace testdata = qdf::testdata;
 
 namespace {
 
@@ -41,178 +43,19 @@ class ScopedLocale {
     std::optional<std::string> old_;
 };
 
-// The persisted order as a table: a name ending in "_" is an array with its upper bound.
-struct KeyRow {
-    const char* name;
-    int upper;  // -1 for a scalar
-};
-
-std::vector<std::string> Range(const std::string& prefix, int from, int to) {
-    std::vector<std::string> out;
-    for (int i = from; i <= to; ++i) out.push_back(prefix + std::to_string(i));
-    return out;
-}
-
+// The persisted order, expanded from the table of members and array bounds.
 std::vector<std::string> ExpectedBagKeys() {
     std::vector<std::string> keys;
-    auto scalar = [&](std::initializer_list<const char*> names) {
-        for (const char* n : names) keys.push_back(std::string("m_") + n);
-    };
-    auto array = [&](const char* name, int upper) {
-        for (int i = 0; i <= upper; ++i)
-            keys.push_back("m_" + std::string(name) + "_" + std::to_string(i));
-        keys.push_back("m_" + std::string(name) + "_arrayIndex");
-    };
-    auto range = [&](const char* prefix, int from, int to) {
-        for (const std::string& n : Range(std::string("m_") + prefix, from, to)) keys.push_back(n);
-    };
-    array("Y21", 20);
-    array("XAga", 5);
-    scalar({"Gbl_ReadyToDownload", "Gbl_OpenMgtFilePath", "Gbl_OpenXmtrFilePath",
-            "Gbl_OpenUIFilePath", "Gbl_SaveBinaryFilePath", "Gbl_SaveXmtrFilePath",
-            "Gbl_SaveUIFilePath", "Gbl_SaveCalcFilePath", "Gbl_ReadFromFile", "Gbl_BinaryFileName",
-            "Gbl_ReadyToSave", "Gbl_DoInitialize"});
-    array("Mgt", 80);
-    array("UI", 1000);
-    array("Xmtr", 150);
-    scalar({"Gbl_ErrorCode", "Gbl_ErrorSubCode", "Gbl_ErrorMessage", "Gbl_HartMenuWindow",
-            "Gbl_HartOfflineWindow", "NewAgaSetup"});
-    array("c", 11);
-    scalar({"Gbl_InitialDisplayCurrentValueFlag", "Gbl_Aga8DetailMethodName",
-            "Gbl_OperatingRangeSetupCategory", "Gbl_OperatingRangeSetupLiquidCategory",
-            "Gbl_OperatingRangeSetupMethod", "Gbl_OperatingRangeSetupLiquid",
-            "Gbl_PhysicalPropertyCategory", "Gbl_PhysicalPropertyName", "CurrPMFDrive",
-            "LoadFileName", "ClickViaFile", "calc_LowValDpP1Ratio", "calc_UpValDpP1Ratio"});
-    array("calc_GasExpFactor", 31);
-    array("calc_DPP1Ratio", 31);
-    scalar({"calc_Beta"});
-    array("calc_GasExpFactorYcal", 31);
-    array("calc_DensityYcal", 255);
-    array("calc_ViscosityYcal", 255);
-    scalar({"calc_GasExpFactorSigma",
-            "calc_DensitySigma",
-            "calc_ViscositySigma",
-            "Mgt_ProgramName",
-            "Mgt_SoftRevNO",
-            "Mgt_FileFormatRevNo",
-            "Mgt_ConfDate",
-            "Mgt_UserName",
-            "Mgt_UserRole",
-            "Mgt_DebugModeFlag",
-            "Mgt_ConfigCompleteFlag",
-            "Mgt_OnlineModeFlag",
-            "Mgt_DisplayCurrentValueFlag",
-            "Mgt_MtdGasVisCalc",
-            "Mgt_MtdIsenExpCalc",
-            "Mgt_GasDensDiv",
-            "Mgt_GasDensTempDiv",
-            "Mgt_GasDensPressDiv",
-            "Mgt_LqdDensTempDiv",
-            "Mgt_GasVisTempDiv",
-            "Mgt_LqdVisTempDiv",
-            "Mgt_GasExpFacDiv",
-            "Mgt_SaturatedSteamPressDiv",
-            "Mgt_FldCommType",
-            "Mgt_HrtCommtype",
-            "Mgt_DbName",
-            "Mgt_PollAddr",
-            "Mgt_LongAddr",
-            "Mgt_DigLen",
-            "Mgt_MtdAirGasDensityCalculation"});
-    range("Mgt_Reserve", 1, 10);
-    scalar({"Mgt_CfgSoftRev"});
-    range("Mgt_Reserve", 12, 20);
-    scalar({"UI_NeverUsedRecord",
-            "UI_PEType",
-            "UI_PESubCodeName",
-            "UI_PEName",
-            "UI_PEDiameter",
-            "UI_PEDiameterUnit",
-            "UI_PETemp",
-            "UI_PETempUnit",
-            "UI_PEMaterial",
-            "UI_PEPipeDiameter",
-            "UI_PEPipeDiameterUnit",
-            "UI_PipeTemperature",
-            "UI_PipeTemperatureUnit",
-            "UI_PipeMaterial",
-            "UI_FluidType",
-            "UI_FluidCat",
-            "UI_FluidName",
-            "UI_ChemID",
-            "UI_DtlTotalMole",
-            "UI_DtlMethaneMole",
-            "UI_DtlN2Mole",
-            "UI_DtlCO2Mole",
-            "UI_DtlEthaneMole",
-            "UI_DtlPropaneMole",
-            "UI_DtlWaterMole",
-            "UI_DtlH2SMole",
-            "UI_DtlH2Mole",
-            "UI_DtlCOMole",
-            "UI_DtlO2Mole",
-            "UI_DtlIsobutaneMole",
-            "UI_DtlButaneMole",
-            "UI_DtlIsoPentaneMole",
-            "UI_DtlPentaneMole",
-            "UI_DtlHexaneMole",
-            "UI_DtlHeptaneMole",
-            "UI_DtlOctaneMole",
-            "UI_DtlNonaneMole",
-            "UI_DtlDecaneMole",
-            "UI_DtlHe4Mole",
-            "UI_DtlArMole",
-            "UI_RgRelDens",
-            "UI_CO2Mole",
-            "UI_VgHv",
-            "UI_VgHvUnit",
-            "UI_N2Mole",
-            "UI_H2Mole",
-            "UI_COMole",
-            "UI_RangeP1",
-            "UI_RangeP2",
-            "UI_RangePUnit",
-            "UI_RangeT1",
-            "UI_RangeT2",
-            "UI_RangeTUnit",
-            "UI_PressRef",
-            "UI_PressRefUnit",
-            "UI_TempRef",
-            "UI_TempRefUnit",
-            "UI_DensUnit"});
-    array("UI_DensAbsPress", 256);
-    array("UI_DensTemp", 256);
-    array("UI_Dens", 256);
-    array("UI_DensStandard", 256);
-    scalar({"UI_ViscUnit"});
-    array("UI_ViscTemp", 31);
-    array("UI_Visc", 31);
-    array("UI_ViscStandard", 31);
-    array("UI_VisPress", 31);
-    scalar({"UI_RefDensValue", "UI_RefDensUnit", "UI_IsenExpValue", "UI_RefDensValueStandard",
-            "UI_PEDiameterStandard", "UI_PETempStandard", "UI_PEPipeDiameterStandard",
-            "UI_PEPipeTempStandard", "UI_VgHvStandard", "UI_RangeP1Standard", "UI_RangeP2Standard",
-            "UI_RangeT1Standard", "UI_RangeT2Standard", "UI_PressRefStandard",
-            "UI_TempRefStandard"});
-    array("UI_DensAbsPressStandard", 256);
-    array("UI_DensTempStandard", 256);
-    array("UI_ViscTempStandard", 31);
-    scalar({"UI_PEPrimaryDeviceCode", "UI_PESubcode", "UI_FluidNameMethodCode", "UI_AtmPressUnit"});
-    range("UI_Reserve", 5, 20);
-    scalar(
-        {"UI_PEDisCoeff", "UI_PEGasExpFac", "UI_AtmPress", "UI_AtmPressStandard", "UI_MolWeight"});
-    range("UI_Reserve", 26, 30);
-    scalar({"Xmtr_DensUnitCode", "Xmtr_LenUnitCode", "Xmtr_TempUnitCode", "Xmtr_RefDensUnitCode",
-            "Xmtr_SimpleFluidTypeCode", "Xmtr_SimpleStaticPressUnit", "Xmtr_NeverUse",
-            "Xmtr_SimpleTempUnit"});
-    range("Xmtr_Reserve", 1, 10);
-    range("Xmtr_Reserve", 12, 30);
-    scalar({"Xmtr_Tag",           "Xmtr_ModeSwitch",   "Xmtr_DPUnit",      "Xmtr_DPValue",
-            "Xmtr_SPUnit",        "Xmtr_SPValue",      "Xmtr_PTUnit",      "Xmtr_PTValue",
-            "Xmtr_FlowData",      "Xmtr_FlowDataUnit", "Xmtr_Out_SP",      "Xmtr_Out_SP_Unit",
-            "Xmtr_Out_DP",        "Xmtr_Out_DP_Unit",  "Xmtr_Out_PT",      "Xmtr_Out_PT_Unit",
-            "Xmtr_Out_DiscCoeff", "Xmtr_Out_ExpFac",   "Xmtr_Out_ReyNo",   "Xmtr_Out_Dens",
-            "Xmtr_Out_DensUnit",  "Xmtr_Out_Visc",     "Xmtr_Out_ViscUnit"});
+    for (const auto& row : testdata::Load("tests/model/data/property_bag_keys.csv")) {
+        const std::string key = "m_" + row.text("member");
+        if (!row.has("upper")) {
+            keys.push_back(key);
+            continue;
+        }
+        for (int i = 0; i <= row.integer("upper"); ++i)
+            keys.push_back(key + "_" + std::to_string(i));
+        keys.push_back(key + "_arrayIndex");
+    }
     return keys;
 }
 

@@ -2,7 +2,10 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
+#include <vector>
 
+#include "../common/DataTable.h"
 #include "PhysicalProp.h"
 #include "PropertyFixture.h"
 #include "sndl/sndl_aga.h"
@@ -12,17 +15,17 @@
 namespace qdf::test {
 namespace {
 
+namespace testdata = qdf::testdata;
+
 constexpr double kAny = std::numeric_limits<double>::quiet_NaN();  // value not checked
 constexpr double kOld = -7.0;  // what the output held before the call
-constexpr int32_t kNone = kNotEntered;
-constexpr double kNg = 6.9e-6 * 0.45359237 / 0.3048;  // natural gas viscosity, Pa s
 
-// One dispatch case: the fluid, the point, and what the user gets: the result, the error code
-// left in the store and the value (within tol, relative).
+// One dispatch row of data/point_cases.csv: the fluid, the point, and what the user gets: the
+// result, the error code left in the store and the value (within tol, relative).
 struct Case {
-    const char* label;
+    std::string label;
     int type, cat;
-    const char* name;
+    std::string name;
     int32_t id;
     int option;  // Mgt_MtdAirGasDensityCalculation, Mgt_MtdGasVisCalc or Mgt_MtdIsenExpCalc
     double T, P;
@@ -32,6 +35,30 @@ struct Case {
 
 void PrintTo(const Case& c, std::ostream* os) {
     *os << c.label;
+}
+
+std::vector<Case> Cases(const std::string& property) {
+    std::vector<Case> out;
+    for (const testdata::Row& r : testdata::Load("tests/properties/data/point_cases.csv")) {
+        if (r.text("property") != property) continue;
+        const std::string& v = r.text("value");
+        const double value = v == "any"            ? kAny
+                             : v == "old"          ? kOld
+                             : v.starts_with("1/") ? 1 / std::stod(v.substr(2))
+                                                   : r.num("value");
+        out.push_back(
+            {r.text("label"), r.integer("type"), r.integer("cat"), r.text("name"), r.integer("id"),
+             r.integer("option"), r.num("T"), r.num("P"), r.integer("result"),
+             r.text("error") == "none" ? kNotEntered : r.integer("error"), value, r.num("tol")});
+    }
+    return out;
+}
+
+std::string CaseName(const ::testing::TestParamInfo<Case>& info) {
+    std::string n = info.param.label;
+    for (char& ch : n)
+        if (!std::isalnum(static_cast<unsigned char>(ch))) ch = '_';
+    return n;
 }
 
 void ExpectValue(double got, const Case& c) {
@@ -49,41 +76,11 @@ TEST_P(DensityCase, Dispatch) {
     store.UI_FluidNameMethodCode = c.id;
     store.Mgt_MtdAirGasDensityCalculation = c.option;
     double d = kOld;
-    EXPECT_EQ(GetDensity(store, c.type, c.cat, c.name, c.T, d, c.P), c.result);
+    EXPECT_EQ(GetDensity(store, c.type, c.cat, c.name.c_str(), c.T, d, c.P), c.result);
     EXPECT_EQ(store.Gbl_ErrorCode, c.error);
     ExpectValue(d, c);
 }
-// IF97 verification values: region 1 at 300 K and 3 or 80 MPa, region 2 at 300 K and 3.5 kPa.
-INSTANTIATE_TEST_SUITE_P(
-    Rows, DensityCase,
-    ::testing::Values(
-        Case{"liquid", 1, 1, "n-HEXANE", 11, 0, 300, 1e5, 0, kNone, 655.0, 0.02},
-        Case{"liquid below range", 1, 1, "n-HEXANE", 11, 0, 100, 1e5, 1, 600, kOld, 0},
-        Case{"water 3 MPa", 1, 2, "Pressurised Water", 0, 0, 300, 3e6, 0, kNone, 1 / 0.00100215168,
-             1e-9},
-        Case{"water 80 MPa", 1, 2, "Pressurised Water", 0, 0, 300, 80e6, 0, kNone,
-             1 / 0.000971180894, 1e-9},
-        Case{"water two-phase", 1, 2, "Pressurised Water", 0, 0, 400, 1e5, 0, 890, 937, 0.003},
-        Case{"water below range", 1, 2, "Pressurised Water", 0, 0, 250, 1e5, 1, 600, kAny, 0},
-        Case{"custom liquid", 1, 3, "Oil", 0, 0, 300, 1e5, 0, kNone, 0.0, 0},
-        Case{"custom gas", 2, 7, "Mix", 0, 0, -5, -1, 0, kNone, 0.0, 0},
-        Case{"unknown method", 2, 4, "AGA8 Detail", 0, 0, 300, 5e6, 0, kNone, kOld, 0},
-        Case{"unknown steam", 2, 5, "Steam", 0, 0, 500, 1e5, 0, kNone, kOld, 0},
-        Case{"unknown type", 3, 1, "n-HEXANE", 11, 0, 300, 1e5, 0, kNone, kOld, 0},
-        Case{"steam", 2, 5, kSteamSuperheated, 0, 0, 300, 3500, 0, kNone, 1 / 39.4913866, 1e-9},
-        Case{"saturated steam", 2, 5, kSteamSaturated, 0, 0, 300, 3500, 0, kNone, 1 / 39.4913866,
-             1e-9},
-        Case{"steam two-phase", 2, 5, kSteamSaturated, 0, 0, 350, 1e5, 0, 890, 0.62, 0.05},
-        Case{"steam above range", 2, 5, kSteamSuperheated, 0, 0, 2500, 1e5, 1, 600, kAny, 0},
-        Case{"gas", 2, 6, "ETHANE", 2, 0, 300, 1e6, 0, kNone, 13.1, 0.03},
-        Case{"gas two-phase", 2, 6, "ETHANE", 2, 0, 250, 3e6, 0, 890, 453, 0.1},
-        Case{"gas above range", 2, 6, "ETHANE", 2, 0, 800, 1e6, 1, 600, kOld, 0},
-        Case{"air above range", 2, 6, "AIR", 915, 0, 1600, 1e5, 0, 600,
-             1e5 * 28.9586 / (8314.3 * 1600), 0.01},
-        Case{"air below range", 2, 6, "AIR", 915, 0, 50, 1e5, 1, 600, kOld, 0},
-        // The mixture's result is the library's code, here 2.
-        Case{"air mixture below range", 2, 6, "AIR", 915, 1, 50, 1e5, 2, 600, kOld, 0}),
-    [](const auto& info) { return std::to_string(info.index); });
+INSTANTIATE_TEST_SUITE_P(Rows, DensityCase, ::testing::ValuesIn(Cases("density")), CaseName);
 
 using ViscosityCase = PointTest;
 TEST_P(ViscosityCase, Dispatch) {
@@ -93,33 +90,13 @@ TEST_P(ViscosityCase, Dispatch) {
     store.UI_FluidNameMethodCode = c.id;
     store.Mgt_MtdGasVisCalc = c.option;
     store.UI_Visc.fill(kOld);
-    EXPECT_EQ(GetViscosity(store, c.type, c.cat, c.name, c.T, 3, c.P), c.result);
+    EXPECT_EQ(GetViscosity(store, c.type, c.cat, c.name.c_str(), c.T, 3, c.P), c.result);
     EXPECT_EQ(store.Gbl_ErrorCode, c.error);
     ExpectValue(store.UI_Visc[3], c);
     EXPECT_EQ(store.UI_Visc[2], kOld);
     EXPECT_EQ(store.UI_Visc[4], kOld);
 }
-INSTANTIATE_TEST_SUITE_P(
-    Rows, ViscosityCase,
-    ::testing::Values(
-        Case{"liquid", 1, 1, "n-HEXANE", 11, 0, 300, 1e5, 0, kNone, 2.9e-4, 0.1},
-        Case{"liquid below range", 1, 1, "n-HEXANE", 11, 0, 100, 1e5, 1, 600, kOld, 0},
-        Case{"water", 1, 2, "Pressurised Water", 0, 0, 300, 1e6, 0, kNone, 8.5e-4, 0.02},
-        Case{"custom liquid", 1, 3, "Oil", 0, 0, 300, 1e5, 0, kNone, kOld, 0},
-        Case{"gross 1", 2, 4, kAga8Gross1, 0, 0, 250, 1e6, 0, kNone, kNg, 1e-12},
-        Case{"gross 2", 2, 4, kAga8Gross2, 0, 0, 300, 1e6, 0, kNone, kNg, 1e-12},
-        Case{"ISO physical", 2, 4, kIsoPhysical, 0, 0, 350, 1e6, 0, kNone, kNg, 1e-12},
-        Case{"detail, constant", 2, 4, kAga8Detail, 0, 1, 300, 1e6, 0, kNone, kNg, 1e-12},
-        Case{"ISO molar, constant", 2, 4, kIsoMolar, 0, 2, 300, 1e6, 0, kNone, kNg, 1e-12},
-        Case{"unknown method", 2, 4, "AGA8", 0, 0, 300, 1e6, 0, kNone, kOld, 0},
-        Case{"steam two-phase", 2, 5, kSteamSuperheated, 0, 0, 350, 1e5, 0, 890, 1.1e-5, 0.1},
-        Case{"steam above range", 2, 5, kSteamSuperheated, 0, 0, 2500, 1e5, 1, 600, kAny, 0},
-        Case{"saturated steam", 2, 5, kSteamSaturated, 0, 0, 1000, 1e6, 0, kNone, 1.5e-5, 0.03},
-        // No saturation line above the critical pressure: passes unreported.
-        Case{"saturated, supercritical", 2, 5, kSteamSaturated, 0, 0, 300, 23e6, 0, kNone, kAny, 0},
-        Case{"gas", 2, 6, "ETHANE", 2, 0, 300, 1e5, 0, kNone, 9.4e-6, 0.05},
-        Case{"custom gas", 2, 7, "Mix", 0, 0, 300, 1e5, 0, kNone, kOld, 0}),
-    [](const auto& info) { return std::to_string(info.index); });
+INSTANTIATE_TEST_SUITE_P(Rows, ViscosityCase, ::testing::ValuesIn(Cases("viscosity")), CaseName);
 
 using IsentropicCase = PointTest;
 TEST_P(IsentropicCase, Dispatch) {
@@ -129,27 +106,11 @@ TEST_P(IsentropicCase, Dispatch) {
     store.UI_FluidNameMethodCode = c.id;
     store.Mgt_MtdIsenExpCalc = c.option;
     store.UI_IsenExpValue = kOld;
-    EXPECT_EQ(GetIsentropicExponent(store, c.type, c.cat, c.name, c.T, c.P), c.result);
+    EXPECT_EQ(GetIsentropicExponent(store, c.type, c.cat, c.name.c_str(), c.T, c.P), c.result);
     EXPECT_EQ(store.Gbl_ErrorCode, c.error);
     ExpectValue(store.UI_IsenExpValue, c);
 }
-INSTANTIATE_TEST_SUITE_P(
-    Rows, IsentropicCase,
-    ::testing::Values(
-        Case{"water", 1, 2, "Pressurised Water", 0, 0, 300, 1e6, 0, kNone, kOld, 0},
-        Case{"liquid", 1, 1, "n-HEXANE", 11, 0, 300, 1e6, 0, kNone, kOld, 0},
-        Case{"gross 1", 2, 4, kAga8Gross1, 0, 0, 300, 5e6, 0, kNone, 1.3, 0},
-        Case{"gross 2", 2, 4, kAga8Gross2, 0, 0, 300, 5e6, 0, kNone, 1.3, 0},
-        Case{"ISO physical", 2, 4, kIsoPhysical, 0, 0, 300, 5e6, 0, kNone, 1.3, 0},
-        Case{"detail, constant", 2, 4, kAga8Detail, 0, 1, 300, 5e6, 0, kNone, 1.3, 0},
-        Case{"steam", 2, 5, kSteamSuperheated, 0, 0, 500, 1e6, 0, kNone, 1.30, 0.015},
-        Case{"steam two-phase", 2, 5, kSteamSuperheated, 0, 0, 350, 1e5, 0, 890, 1.29, 0.015},
-        Case{"steam above range", 2, 5, kSteamSuperheated, 0, 0, 2500, 1e5, 1, 600, kAny, 0},
-        Case{"saturated, no line", 2, 5, kSteamSaturated, 0, 0, 300, 23e6, 1, 600, kOld, 0},
-        Case{"gas", 2, 6, "ETHANE", 2, 0, 300, 1e5, 0, kNone, 1.19, 0.01},
-        Case{"gas below range", 2, 6, "ETHANE", 2, 0, 10, 1e5, 1, 600, kOld, 0},
-        Case{"custom gas", 2, 7, "Mix", 0, 0, 300, 1e5, 0, kNone, kOld, 0}),
-    [](const auto& info) { return std::to_string(info.index); });
+INSTANTIATE_TEST_SUITE_P(Rows, IsentropicCase, ::testing::ValuesIn(Cases("isentropic")), CaseName);
 
 // The gas of the AGA8 property examples, mole per cent in Y21 order.
 constexpr double kExampleGas[21] = {77.824, 2.0,   6.0,   8.0,   3.0,   0.01, 0.25,

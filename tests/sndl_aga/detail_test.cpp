@@ -4,36 +4,39 @@
 #include <cmath>
 #include <vector>
 
+#include "../common/DataTable.h"
 #include "aga_internal.h"
-#include "case_table.h"
 #include "sndl/sndl_aga.h"
 
 using namespace sndl::aga;
 
 namespace {
 
-const std::vector<CaseRow>& detailCases() {
-    static const std::vector<CaseRow> rows = loadCases("aga8_detail_cases.csv");
+using qdf::testdata::Row;
+
+const std::vector<Row>& detailCases() {
+    static const std::vector<Row> rows =
+        qdf::testdata::Load("tests/sndl_aga/data/aga8_detail_cases.csv");
     return rows;
 }
 
-std::vector<double> composition(const CaseRow& row) {
+std::vector<double> composition(const Row& row) {
     std::vector<double> y(kComponents);
     for (int i = 0; i < kComponents; ++i) y[i] = row.num("y" + std::to_string(i));
     return y;
 }
 
-void expectRelative(const CaseRow& row, const char* column, double got, double tol) {
+void expectRelative(const Row& row, const char* column, double got, double tol) {
     if (!row.has(column)) return;
     const double want = row.num(column);
     EXPECT_NEAR(got, want, tol * std::fabs(want)) << column;
 }
 
-class DetailCase : public ::testing::TestWithParam<CaseRow> {};
+class DetailCase : public ::testing::TestWithParam<Row> {};
 
 TEST_P(DetailCase, ReproducesCheckValues) {
     // Catches a wrong coefficient, mixing rule, component order or density root.
-    const CaseRow& row = GetParam();
+    const Row& row = GetParam();
     std::vector<double> y = composition(row);
     const double T = row.num("T_K");
     const double tol = row.num("rel_tol");
@@ -60,7 +63,7 @@ TEST_P(DetailCase, ReproducesCheckValues) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Aga8, DetailCase, ::testing::ValuesIn(detailCases()),
-                         [](const auto& info) { return caseName(info.param.text("case")); });
+                         qdf::testdata::RowName);
 
 // Example gas 1 of ISO 12213-2, in the composition vector's order.
 const double kIsoGas1[kComponents] = {0.965, 0.003,  0.006,  0.018,  0.0045, 0, 0, 0, 0, 0, 0.001,

@@ -5,20 +5,23 @@
 #include <cmath>
 #include <vector>
 
+#include "../common/DataTable.h"
 #include "aga_internal.h"
-#include "case_table.h"
 #include "sndl/sndl_aga.h"
 
 using namespace sndl::aga;
 
 namespace {
 
-const std::vector<CaseRow>& grossCases() {
-    static const std::vector<CaseRow> rows = loadCases("aga8_gross_cases.csv");
+using qdf::testdata::Row;
+
+const std::vector<Row>& grossCases() {
+    static const std::vector<Row> rows =
+        qdf::testdata::Load("tests/sndl_aga/data/aga8_gross_cases.csv");
     return rows;
 }
 
-void expectRelative(const CaseRow& row, const char* column, double got, double tol) {
+void expectRelative(const Row& row, const char* column, double got, double tol) {
     if (!row.has(column)) return;
     const double want = row.num(column);
     EXPECT_NEAR(got, want, tol * std::fabs(want)) << column;
@@ -29,12 +32,12 @@ bool atSixtyFahrenheit(const GrossReference& ref) {
            std::fabs(ref.Pd - kGross60F.Pd) < 1e-6;
 }
 
-class GrossCase : public ::testing::TestWithParam<CaseRow> {};
+class GrossCase : public ::testing::TestWithParam<Row> {};
 
 TEST_P(GrossCase, ReproducesCheckValues) {
     // Catches a wrong pseudo-component coefficient, combining rule, reference-state slip or
     // heating value conversion in either method.
-    const CaseRow& row = GetParam();
+    const Row& row = GetParam();
     const GrossReference ref{row.num("Th_K"), row.num("Td_K"), row.num("Pd_kPa")};
     const double T = row.num("T_K"), P = row.num("P_kPa");
     // The published rows stop the reference-state Z iteration once it changes by less than
@@ -75,7 +78,7 @@ TEST_P(GrossCase, ReproducesCheckValues) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Aga8, GrossCase, ::testing::ValuesIn(grossCases()),
-                         [](const auto& info) { return caseName(info.param.text("case")); });
+                         qdf::testdata::RowName);
 
 TEST(GrossComposition, KnownHydrocarbonGivesTestProgramDensity) {
     // Catches an error in the virial mixture sums with N2 and CO2 present, independent of

@@ -4,25 +4,28 @@
 #include <cmath>
 #include <vector>
 
+#include "../common/DataTable.h"
 #include "aga_internal.h"
-#include "case_table.h"
 #include "sndl/sndl_aga.h"
 
 using namespace sndl::aga;
 
 namespace {
 
-const std::vector<CaseRow>& sgergCases() {
-    static const std::vector<CaseRow> rows = loadCases("sgerg88_cases.csv");
+using qdf::testdata::Row;
+
+const std::vector<Row>& sgergCases() {
+    static const std::vector<Row> rows =
+        qdf::testdata::Load("tests/sndl_aga/data/sgerg88_cases.csv");
     return rows;
 }
 
-class SgergCase : public ::testing::TestWithParam<CaseRow> {};
+class SgergCase : public ::testing::TestWithParam<Row> {};
 
 TEST_P(SgergCase, ReproducesCompressionFactor) {
     // Catches errors in step 1 (B at 0 degC, the H2/CO terms of gas 4, the nitrogen cube term
     // of gas 6) and unit slips (bar against Pa, percent against fraction, Hs basis).
-    const CaseRow& row = GetParam();
+    const Row& row = GetParam();
     const double Hs = row.num("Hs"), d = row.num("d"), xCO2 = row.num("xCO2");
     const double xH2 = row.num("xH2"), T = row.num("T_K"), P = row.num("P_Pa");
 
@@ -46,11 +49,7 @@ TEST_P(SgergCase, ReproducesCompressionFactor) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Iso12213, SgergCase, ::testing::ValuesIn(sgergCases()),
-                         [](const auto& info) {
-                             return caseName(info.param.text("case") + "_" +
-                                             info.param.text("P_Pa") + "_" +
-                                             info.param.text("T_K"));
-                         });
+                         qdf::testdata::RowName);
 
 TEST(SgergReject, RefusesInputsOutsideTheMethod) {
     // Catches accepting gases the method cannot represent, or the wrong status for each.

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <string>
 
-#include "reference_tables.hpp"
+#include "../common/DataTable.h"
 #include "sndl/dippr_catalogue.hpp"
 #include "sndl/sndl_dippr.h"
 
@@ -11,33 +11,33 @@ using namespace sndl::dippr;
 
 namespace {
 
+using qdf::testdata::Row;
+
 // The library's value for one row of the reference table, in the table's units.
-int32_t Compute(const CorrelationCheck& row, double& value) {
-    const int pos = FindByName(row.compound);
+int32_t Compute(const Row& row, double& value) {
+    const int pos = FindByName(row.text("compound").c_str());
     if (pos < 0) return SNDL_ERR_NOCOMP;
     const Component& c = kComponents[pos];
-    switch (row.quantity) {
-        case Quantity::kVp:
-            value = Evaluate(c.vp, row.T_K, c.tc_K);
-            return value > 0 ? 0 : -1;
-        case Quantity::kLdnMass: {
-            double mw = 0;
-            const int32_t st = DprLdn(c.id, row.T_K, &value);
-            DprMw(c.id, &mw);
-            value *= mw;
-            return st;
-        }
-        case Quantity::kLvs:
-            return DprLvs(c.id, row.T_K, &value);
-        case Quantity::kVvs:
-            return DprVvs(c.id, row.T_K, &value);
-        case Quantity::kIcp:
-            return DprIcp(c.id, row.T_K, &value);
+    const std::string& q = row.text("quantity");
+    const double T = row.num("T_K");
+    if (q == "vp") {
+        value = Evaluate(c.vp, T, c.tc_K);
+        return value > 0 ? 0 : -1;
     }
+    if (q == "ldn_mass") {
+        double mw = 0;
+        const int32_t st = DprLdn(c.id, T, &value);
+        DprMw(c.id, &mw);
+        value *= mw;
+        return st;
+    }
+    if (q == "lvs") return DprLvs(c.id, T, &value);
+    if (q == "vvs") return DprVvs(c.id, T, &value);
+    if (q == "icp") return DprIcp(c.id, T, &value);
     return -1;
 }
 
-class CorrelationCheckTest : public ::testing::TestWithParam<CorrelationCheck> {};
+class CorrelationCheckTest : public ::testing::TestWithParam<Row> {};
 
 }  // namespace
 
@@ -45,23 +45,19 @@ class CorrelationCheckTest : public ::testing::TestWithParam<CorrelationCheck> {
 // printed for it (6 digits) and stay within the deviation recorded against the independent
 // source.
 TEST_P(CorrelationCheckTest, ReproducesRecordedValues) {
-    const CorrelationCheck& row = GetParam();
+    const Row& row = GetParam();
     double v = 0.0;
-    ASSERT_EQ(Compute(row, v), SNDL_NORMAL) << row.compound << " at " << row.T_K;
-    EXPECT_NEAR(v / row.correlation, 1.0, 6e-6) << row.compound << " at " << row.T_K;
-    const double dev = (v - row.independent) / row.independent;
-    EXPECT_NEAR(dev, row.deviation, 1.5e-4) << row.compound << " against " << row.source;
+    ASSERT_EQ(Compute(row, v), SNDL_NORMAL) << row.where();
+    EXPECT_NEAR(v / row.num("correlation"), 1.0, 6e-6) << row.where();
+    const double dev = (v - row.num("independent")) / row.num("independent");
+    EXPECT_NEAR(dev, row.num("deviation"), 1.5e-4)
+        << row.where() << " against " << row.text("source");
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, CorrelationCheckTest, ::testing::ValuesIn(kCorrelationChecks),
-                         [](const ::testing::TestParamInfo<CorrelationCheck>& info) {
-                             std::string n = std::string(info.param.compound) + "_" +
-                                             std::to_string(info.index);
-                             for (char& ch : n) {
-                                 if (!std::isalnum(static_cast<unsigned char>(ch))) ch = '_';
-                             }
-                             return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(
+    Table, CorrelationCheckTest,
+    ::testing::ValuesIn(qdf::testdata::Load("tests/sndl_dippr/data/correlation_checks.csv")),
+    qdf::testdata::RowName);
 
 // Catches a corrupt row anywhere in the catalogue (a lost exponent, a coefficient in the wrong
 // column): every correlation of every component must be physically plausible over its range.

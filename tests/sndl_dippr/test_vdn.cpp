@@ -2,8 +2,9 @@
 
 #include <cmath>
 #include <string>
+#include <vector>
 
-#include "reference_tables.hpp"
+#include "../common/DataTable.h"
 #include "sndl/dippr_catalogue.hpp"
 #include "sndl/sndl_dippr.h"
 
@@ -29,7 +30,15 @@ double Psat(int32_t id, double T) {
     return Evaluate(c.vp, T, c.tc_K);
 }
 
-class GergCheckTest : public ::testing::TestWithParam<GergCheck> {};
+using qdf::testdata::Row;
+
+const std::vector<Row>& GergChecks() {
+    static const std::vector<Row> rows =
+        qdf::testdata::Load("tests/sndl_dippr/data/gerg_densities.csv");
+    return rows;
+}
+
+class GergCheckTest : public ::testing::TestWithParam<Row> {};
 
 }  // namespace
 
@@ -37,24 +46,17 @@ class GergCheckTest : public ::testing::TestWithParam<GergCheck> {};
 // densities must come back to 1e-9. Hydrogen at 30 K and helium at 50 K lie below the 60 K
 // floor of the range, so they carry status 2 with the same value.
 TEST_P(GergCheckTest, MatchesReferenceDensity) {
-    const GergCheck& row = GetParam();
+    const Row& row = GetParam();
+    const double T = row.num("T_K"), P = row.num("P_Pa");
     int32_t st = -9;
-    const double rho = Vdn(row.id, row.T_K, row.P_Pa, &st);
-    const bool belowRange = row.T_K < 60.0;
-    EXPECT_EQ(st, belowRange ? SNDL_ERR_TUNDER : SNDL_NORMAL);
-    EXPECT_NEAR(rho / row.rho_mol_l, 1.0, 1e-9) << row.component << " " << row.T_K;
-    EXPECT_NEAR(row.P_Pa / (rho * 1000.0 * 8.314472 * row.T_K), row.Z, 1e-9);
+    const double rho = Vdn(row.integer("id"), T, P, &st);
+    EXPECT_EQ(st, T < 60.0 ? SNDL_ERR_TUNDER : SNDL_NORMAL);
+    EXPECT_NEAR(rho / row.num("rho_mol_l"), 1.0, 1e-9) << row.where();
+    EXPECT_NEAR(P / (rho * 1000.0 * 8.314472 * T), row.num("Z"), 1e-9);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, GergCheckTest, ::testing::ValuesIn(kGergChecks),
-                         [](const ::testing::TestParamInfo<GergCheck>& info) {
-                             std::string n = std::string(info.param.component) + "_" +
-                                             std::to_string(info.index);
-                             for (char& ch : n) {
-                                 if (!std::isalnum(static_cast<unsigned char>(ch))) ch = '_';
-                             }
-                             return n;
-                         });
+INSTANTIATE_TEST_SUITE_P(Table, GergCheckTest, ::testing::ValuesIn(GergChecks()),
+                         qdf::testdata::RowName);
 
 // Catches a wrong phase decision near saturation: the Gibbs test of the reference equation must
 // put each pair of pressures on either side of its saturation pressure, returning the gas root
@@ -159,12 +161,12 @@ TEST(VdnCubic, IdealGasLimit) {
 // reference equation, must stay close to the GERG-2008 reference densities at moderate Z and
 // pressure.
 TEST(VdnCubic, CloseToReferenceDensities) {
-    for (const GergCheck& row : kGergChecks) {
-        if (row.Z < 0.85 || row.T_K < 60.0 || row.P_Pa > 20e6) continue;
-        SCOPED_TRACE(std::string(row.component) + " " + std::to_string(row.T_K));
+    for (const Row& row : GergChecks()) {
+        if (row.num("Z") < 0.85 || row.num("T_K") < 60.0 || row.num("P_Pa") > 20e6) continue;
+        SCOPED_TRACE(row.where());
         double rho = 0;
-        CubicVdn(ById(row.id), row.T_K, row.P_Pa, &rho);
-        EXPECT_NEAR(rho / row.rho_mol_l, 1.0, 0.03);
+        CubicVdn(ById(row.integer("id")), row.num("T_K"), row.num("P_Pa"), &rho);
+        EXPECT_NEAR(rho / row.num("rho_mol_l"), 1.0, 0.03);
     }
 }
 

@@ -4,40 +4,28 @@
 #include <limits>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
+#include "../common/DataTable.h"
 #include "NumberText.h"
 
 namespace {
 
-struct TextCase {
-    double value;
-    const char* text;
-};
+using qdf::testdata::Row;
+
+// The rows of data/number_texts.csv for one function.
+std::vector<Row> Texts(const std::string& function) {
+    std::vector<Row> out;
+    for (Row& r : qdf::testdata::Load("tests/support/data/number_texts.csv"))
+        if (r.text("function") == function) out.push_back(std::move(r));
+    return out;
+}
 
 TEST(NumToText, GeneralFormOfDoubles) {
     // Catches a wrong digit count, a missing switch to or from the exponent form, and
     // trailing zeros or a sign left on zero.
-    const TextCase cases[] = {
-        {0.0, "0"},
-        {-0.0, "0"},
-        {0.5, "0.5"},
-        {-0.5, "-0.5"},
-        {101.325, "101.325"},
-        {273.15, "273.15"},
-        {0.1 + 0.2, "0.3"},
-        {1.0 / 3.0, "0.333333333333333"},
-        {2.0 / 3.0, "0.666666666666667"},
-        {-999999.0, "-999999"},
-        {123456789012345.0, "123456789012345"},
-        {1234567890123456.0, "1.23456789012346E+15"},
-        {1e15, "1E+15"},
-        {0.0001, "0.0001"},
-        {0.00001, "1E-05"},
-        {-1.5e-10, "-1.5E-10"},
-        {1e100, "1E+100"},
-        {6.894757, "6.894757"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(qdf::NumToText(c.value), c.text) << c.text;
+    for (const Row& r : Texts("NumToText"))
+        EXPECT_EQ(qdf::NumToText(r.num("value")), r.text("text")) << r.where();
     EXPECT_EQ(qdf::NumToText(std::numeric_limits<double>::quiet_NaN()), "NaN");
     EXPECT_EQ(qdf::NumToText(-std::numeric_limits<double>::infinity()), "-Inf");
 }
@@ -50,66 +38,14 @@ TEST(NumToText, SinglePrecisionShowsSevenDigits) {
     EXPECT_EQ(qdf::NumToTextSingle(12345678.0f), "1.234568E+07");
 }
 
-struct FormatCase {
-    double value;
-    const char* pattern;
-    const char* text;
-};
-
-TEST(FormatNumber, FixedPatterns) {
+TEST(FormatNumber, FixedIntegerAndExponentPatterns) {
     // Catches rounding on the binary value instead of the decimal one, half-even rounding,
-    // carries across the point, a lost or extra point, and a minus on a rounded zero.
-    const FormatCase cases[] = {
-        {5.0, "##0.########", "5."},
-        {0.5, "##0.########", "0.5"},
-        {0.0, "##0.########", "0."},
-        {1.000000005, "##0.########", "1.00000001"},
-        {5e-9, "##0.########", "0.00000001"},
-        {4.9e-9, "##0.########", "0."},
-        {-4e-9, "##0.########", "0."},
-        {99.999999999, "##0.########", "100."},
-        {-1.23456789012, "##0.#######", "-1.2345679"},
-        {0.99999999999, "##0.#######", "1."},
-        {33.333333333333336, "####0.########", "33.33333333"},
-        {1234567.125, "####0.########", "1234567.125"},
-        {0.45359237 / (0.3048 * 0.3048 * 0.3048), "###0.########", "16.01846337"},
-        {1e20, "###0.########", "100000000000000000000."},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(qdf::FormatNumber(c.value, c.pattern), c.text) << c.value << " " << c.pattern;
-}
-
-TEST(FormatNumber, IntegerPattern) {
-    // Catches a zero shown for values below one half, and rounding half to even.
-    const FormatCase cases[] = {
-        {12345678.0, "########", "12345678"},
-        {0.4, "########", ""},
-        {0.0, "########", ""},
-        {0.5, "########", "1"},
-        {2.5, "########", "3"},
-        {-2.5, "########", "-3"},
-        {99999999.5, "########", "100000000"},
-        {15000000000.0, "########", "15000000000"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(qdf::FormatNumber(c.value, c.pattern), c.text) << c.value << " " << c.pattern;
-}
-
-TEST(FormatNumber, ExponentPatterns) {
-    // Catches an unnormalised mantissa, a carry that does not move the exponent, short exponent
-    // digits and the sign rule of "E-".
-    const FormatCase cases[] = {
-        {1.83e-5, "#.########E+00", "1.83E-05"},
-        {1.0, "#.########E+00", "1.E+00"},
-        {0.0, "#.########E+00", "0.E+00"},
-        {-123456.789, "#.########E+00", "-1.23456789E+05"},
-        {9.9999999999e-6, "#.########E+00", "1.E-05"},
-        {1.5e100, "#.########E+00", "1.5E+100"},
-        {2.5e7, "#.########E-00", "2.5E07"},
-        {2.5e-7, "#.########E-00", "2.5E-07"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(qdf::FormatNumber(c.value, c.pattern), c.text) << c.value << " " << c.pattern;
+    // carries across the point or into the exponent, a lost or extra point, a minus on a
+    // rounded zero, a zero shown below one half by "########", an unnormalised mantissa, short
+    // exponent digits and the sign rule of "E-".
+    for (const Row& r : Texts("FormatNumber"))
+        EXPECT_EQ(qdf::FormatNumber(r.num("value"), r.text("pattern")), r.text("text"))
+            << r.where();
 }
 
 TEST(FormatNumber, RejectsUnknownPatterns) {
@@ -121,30 +57,11 @@ TEST(FormatNumber, RejectsUnknownPatterns) {
 TEST(ParseNumber, AcceptedTexts) {
     // Catches a lost sign, commas not ignored, a bare point on either side refused, and
     // blanks around the number refused.
-    const TextCase cases[] = {
-        {0.0, "0"},
-        {12.0, " 12 "},
-        {7.0, "\t7\t"},
-        {1.5, "+1.5"},
-        {-0.5, "-.5"},
-        {5.0, "5."},
-        {1000.25, "1,000.25"},
-        {15.0, "1,5"},
-        {1234567.0, "1,234,567"},
-        {1e5, "1e5"},
-        {0.001, "1E-3"},
-        {-250.0, "-2.5e+2"},
-        {1.0, "0001"},
-        {0.0, "1e-400"},
-        {1e300, "1e300"},
-        {std::numeric_limits<double>::max(), "1.7976931348623157e308"},
-        {0.1, "0.1"},
-    };
-    for (const auto& c : cases) {
-        auto v = qdf::ParseNumber(c.text);
-        ASSERT_TRUE(v.has_value()) << c.text;
-        EXPECT_EQ(*v, c.value) << c.text;
-        EXPECT_TRUE(qdf::IsNumeric(c.text)) << c.text;
+    for (const Row& r : Texts("ParseNumber")) {
+        auto v = qdf::ParseNumber(r.text("text"));
+        ASSERT_TRUE(v.has_value()) << r.where();
+        EXPECT_EQ(*v, r.num("value")) << r.where();
+        EXPECT_TRUE(qdf::IsNumeric(r.text("text"))) << r.where();
     }
 }
 
