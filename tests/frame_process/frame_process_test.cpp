@@ -96,14 +96,6 @@ TEST_F(FrameProcess, MissingControlStopsTheScriptWithExitCodeOne) {
     EXPECT_EQ(f.out, QStringList{"module,open,ctlModeSelection1"});
 }
 
-// Catches a script file the frame cannot read being taken for an empty script.
-TEST_F(FrameProcess, UnreadableScriptIsRefused) {
-    const Finished f = Run(QDF_FRAME_EXE, {"--script", Script("{\"steps\": ["), kHart});
-    EXPECT_EQ(f.exitCode, 1);
-    EXPECT_TRUE(f.err.contains("qdf-frame: ")) << f.err.toStdString();
-    EXPECT_TRUE(f.out.isEmpty());
-}
-
 #ifdef QDF_WIZARD_EXE
 // Catches the window and the headless run drifting apart: the same script, with a refusal
 // answered from the queue, must print the same rows in both.
