@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "../common/DataTable.h"
 #include "ModDefaults.h"
 #include "StoreRegistry.h"
 #include "clsExGlobalVars.h"
@@ -16,37 +17,13 @@ TEST(Defaults, FirstOpeningShowsTheInitialValues) {
     clsExGlobalVars s;
     qdf::ClearHostCommandLine();
     qdf::InitializeDefaults(s);
-    EXPECT_EQ(s.Mgt_ProgramName, "QDFSondra");
-    EXPECT_EQ(s.Mgt_SoftRevNO, "1.05.00");
-    EXPECT_EQ(s.Mgt_FileFormatRevNo, "1.00.00");
-    EXPECT_EQ(s.Mgt_DbName, "hrtQdfDbMvDll.mdb");
-    EXPECT_EQ(s.Mgt_DisplayCurrentValueFlag, 1);
-    EXPECT_EQ(s.Mgt_DigLen, 10);
-    EXPECT_EQ(s.UI_PEMaterial, "304 Stainless Steel");
-    EXPECT_EQ(s.UI_PipeMaterial, "Carbon Steel");
-    EXPECT_EQ(s.UI_PETemp, 20.0);
-    EXPECT_EQ(s.UI_PETempUnit, 32);
-    EXPECT_EQ(s.UI_PEDiameterUnit, 49);
-    EXPECT_EQ(s.UI_AtmPress, 101.325);
-    EXPECT_EQ(s.UI_FluidType, 2);
-    EXPECT_EQ(s.UI_FluidCat, kNotEntered);
-    EXPECT_EQ(s.UI_DensUnit, 92);
-    EXPECT_EQ(s.UI_RangeTUnit, 32);
-    EXPECT_EQ(s.UI_H2Mole, 0.0);
-    EXPECT_EQ(s.UI_N2Mole, kNotEntered);
-    EXPECT_EQ(s.UI_DtlArMole, 0.0);
-    // The pipe temperature's standard copy starts at 0 unlike its neighbours.
-    EXPECT_EQ(s.UI_PEPipeTempStandard, 0.0);
-    EXPECT_EQ(s.UI_PETempStandard, kNotEntered);
-    EXPECT_EQ(s.UI_AtmPressStandard, kNotEntered);
-    EXPECT_EQ(s.Xmtr_SimpleRefStaticPress, kNotEntered);
-    EXPECT_EQ(s.Xmtr_NeverUse, 0.0);
-    EXPECT_EQ(s.Mgt_GasDensDiv, 12);
-    EXPECT_EQ(s.Mgt_GasDensTempDiv, 3);
-    EXPECT_EQ(s.Mgt_GasDensPressDiv, 4);
-    EXPECT_EQ(s.Mgt_GasExpFacDiv, 3);
-    EXPECT_EQ(s.ClickViaFile, qdf::kTrue);
-    EXPECT_EQ(s.LoadFileName, "");
+    for (const qdf::testdata::Row& r : qdf::testdata::Load("tests/model/data/initial_values.csv")) {
+        const qdf::Value v = qdf::GetMember(s, r.text("member"));
+        if (v.isString())
+            EXPECT_EQ(v.str(), r.text("value")) << r.where();
+        else
+            EXPECT_EQ(v.toDouble(), r.num("value")) << r.where();
+    }
 }
 
 TEST(Defaults, UserInputResetLeavesManagementAndSpareElements) {
