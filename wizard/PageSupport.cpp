@@ -97,6 +97,14 @@ std::vector<std::pair<QString, QString>> BasicSequenceSteps(const QString& lastS
             {lastStepName, QStringLiteral("3. Apply Flow Configuration")}};
 }
 
+void ShowSequence(bool basic, QGroupBox* autoFrame, BlinkTimer* autoTimer, QGroupBox* basicFrame,
+                  BlinkTimer* basicTimer) {
+    (basic ? basicTimer : autoTimer)->start();
+    (basic ? autoTimer : basicTimer)->Stop();
+    autoFrame->setVisible(!basic);
+    basicFrame->setVisible(basic);
+}
+
 void ShowNumber(QLineEdit* box, double value) {
     box->setText(value == kNotEntered ? QString() : QString::fromStdString(qdf::NumToText(value)));
 }

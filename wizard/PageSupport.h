@@ -57,6 +57,9 @@ QGroupBox* SequenceFrame(QWidget* parent, const QString& name,
                          std::vector<QLabel*>* labels);
 std::vector<std::pair<QString, QString>> AutoSequenceSteps(const QString& lastStepName);
 std::vector<std::pair<QString, QString>> BasicSequenceSteps(const QString& lastStepName);
+// Shows the frame of the chosen sequence, hides the other, and blinks only the one shown.
+void ShowSequence(bool basic, QGroupBox* autoFrame, BlinkTimer* autoTimer, QGroupBox* basicFrame,
+                  BlinkTimer* basicTimer);
 
 // -999999 shows as an empty box; any other value in the plain number form.
 void ShowNumber(QLineEdit* box, double value);

@@ -2,9 +2,7 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -59,24 +57,15 @@ ctlModeSelection::ctlModeSelection(QWidget* parent) : ctlPage(parent) {
     right->addStretch();
     grid->addLayout(right, 0, 1);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    cmdBack = new QPushButton(QStringLiteral("< Back"), this);
-    cmdBack->setObjectName(QStringLiteral("cmdBack"));
-    cmdNext = new QPushButton(QStringLiteral("Next >"), this);
-    cmdNext->setObjectName(QStringLiteral("cmdNext"));
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-    buttons->addWidget(cmdBack);
-    buttons->addWidget(cmdNext);
-    buttons->addWidget(cmdCancel);
-    grid->addLayout(buttons, 1, 1);
+    const PageButtons buttons = AddPageButtons(QStringLiteral("cmdNext"), QStringLiteral("Next >"),
+                                               [this] { cmdNext_Click(); });
+    cmdBack = buttons.back;
+    cmdNext = buttons.forward;
+    cmdCancel = buttons.cancel;
+    grid->addLayout(buttons.row, 1, 1);
 
     connect(optAutoCompMode, &QRadioButton::clicked, this, [this] { ShowMode(false); });
     connect(optBasicMode, &QRadioButton::clicked, this, [this] { ShowMode(true); });
-    connect(cmdNext, &QPushButton::clicked, this, &ctlModeSelection::cmdNext_Click);
-    connect(cmdBack, &QPushButton::clicked, this, &ctlModeSelection::cmdBack_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &ctlModeSelection::cmdCancel_Click);
 }
 
 qdf::clsExGlobalVars* ctlModeSelection::Initialize(qdf::clsExGlobalVars* store) {
@@ -90,11 +79,6 @@ void ctlModeSelection::StopBlink() {
     BlinkTimerBasic->Stop();
 }
 
-void ctlModeSelection::Terminate() {
-    StopBlink();
-    ctlPage::Terminate();
-}
-
 void ctlModeSelection::UpdateImportedVars() {
     if (!store_) return;
     // Any mode other than Basic reads as Auto Compensation.
@@ -104,15 +88,7 @@ void ctlModeSelection::UpdateImportedVars() {
 void ctlModeSelection::ShowMode(bool basic) {
     optBasicMode->setChecked(basic);
     optAutoCompMode->setChecked(!basic);
-    if (basic) {
-        BlinkTimerBasic->start();
-        BlinkTimerAuto->Stop();
-    } else {
-        BlinkTimerAuto->start();
-        BlinkTimerBasic->Stop();
-    }
-    frameAuto->setVisible(!basic);
-    frameBasic->setVisible(basic);
+    ShowSequence(basic, frameAuto, BlinkTimerAuto, frameBasic, BlinkTimerBasic);
 }
 
 void ctlModeSelection::cmdNext_Click() {
@@ -126,8 +102,4 @@ void ctlModeSelection::cmdNext_Click() {
         store_->UI_NeverUsedRecord = 1;
         if (Main()) Main()->SwitchToSetupMode();
     }
-}
-
-void ctlModeSelection::cmdCancel_Click() {
-    CommonCancel(false);
 }

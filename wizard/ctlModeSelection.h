@@ -18,13 +18,10 @@ class ctlModeSelection : public ctlPage {
     explicit ctlModeSelection(QWidget* parent = nullptr);
 
     qdf::clsExGlobalVars* Initialize(qdf::clsExGlobalVars* store) override;
-    void Terminate() override;
     void UpdateImportedVars() override;
     void StopBlink() override;
 
     void cmdNext_Click();
-    void cmdBack_Click() {}
-    void cmdCancel_Click();
 
     QRadioButton* optAutoCompMode;
     QRadioButton* optBasicMode;

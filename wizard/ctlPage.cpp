@@ -1,5 +1,8 @@
 #include "ctlPage.h"
 
+#include <QHBoxLayout>
+#include <QPushButton>
+
 #include "SDKFrame.h"
 #include "clsExGlobalVars.h"
 
@@ -9,7 +12,32 @@ qdf::clsExGlobalVars* ctlPage::Initialize(qdf::clsExGlobalVars* store) {
 }
 
 void ctlPage::Terminate() {
+    StopBlink();
     store_ = nullptr;
+}
+
+void ctlPage::cmdCancel_Click() {
+    CommonCancel(false);
+}
+
+ctlPage::PageButtons ctlPage::AddPageButtons(const QString& forwardName, const QString& forwardText,
+                                             std::function<void()> onForward) {
+    auto make = [this](const QString& name, const QString& text) {
+        auto* button = new QPushButton(text, this);
+        button->setObjectName(name);
+        return button;
+    };
+    PageButtons b{new QHBoxLayout, make(QStringLiteral("cmdBack"), QStringLiteral("< Back")),
+                  make(forwardName, forwardText),
+                  make(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"))};
+    b.row->addStretch();
+    b.row->addWidget(b.back);
+    b.row->addWidget(b.forward);
+    b.row->addWidget(b.cancel);
+    connect(b.back, &QPushButton::clicked, this, [this] { cmdBack_Click(); });
+    connect(b.forward, &QPushButton::clicked, this, std::move(onForward));
+    connect(b.cancel, &QPushButton::clicked, this, [this] { cmdCancel_Click(); });
+    return b;
 }
 
 TVRQDFFCWMain* ctlPage::Main() const {

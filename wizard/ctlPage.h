@@ -4,8 +4,11 @@
 
 #include <QWidget>
 #include <cstdint>
+#include <functional>
 #include <string>
 
+class QHBoxLayout;
+class QPushButton;
 class TVRQDFFCWMain;
 
 namespace qdf {
@@ -19,17 +22,32 @@ class ctlPage : public QWidget {
 
     // Takes the store; a page may hand back a replacement, which the caller then uses.
     virtual qdf::clsExGlobalVars* Initialize(qdf::clsExGlobalVars* store);
-    // Drops the store and stops the page's timers.
+    // Stops the page's timers and drops the store.
     virtual void Terminate();
     // Refills every field from the store; called when the page is about to be shown.
     virtual void UpdateImportedVars() {}
     virtual void ClearLists() {}
     // Stops the blinking step labels; the main control calls it on the pages it hides.
     virtual void StopBlink() {}
+    // Back does nothing on a page with nowhere to go back to; Cancel is the common Cancel of an
+    // ordinary page.
+    virtual void cmdBack_Click() {}
+    virtual void cmdCancel_Click();
 
     qdf::clsExGlobalVars* Store() const { return store_; }
 
   protected:
+    struct PageButtons {
+        QHBoxLayout* row;
+        QPushButton* back;
+        QPushButton* forward;
+        QPushButton* cancel;
+    };
+    // The foot of a page: Back, the page's forward button (Next or Apply) and Cancel. Back and
+    // Cancel run their handlers, the forward button runs `onForward`.
+    PageButtons AddPageButtons(const QString& forwardName, const QString& forwardText,
+                               std::function<void()> onForward);
+
     TVRQDFFCWMain* Main() const;
     // The frame's message box; 0 when there is no frame to ask.
     std::int32_t ShowMessage(const std::string& title, const std::string& text, std::int32_t kind,

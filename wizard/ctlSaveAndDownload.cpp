@@ -2,9 +2,7 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "ModDownload.h"
@@ -47,22 +45,12 @@ ctlSaveAndDownload::ctlSaveAndDownload(QWidget* parent) : ctlPage(parent) {
     right->addStretch();
     grid->addLayout(right, 0, 1);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    cmdBack = new QPushButton(QStringLiteral("< Back"), this);
-    cmdBack->setObjectName(QStringLiteral("cmdBack"));
-    cmdSave = new QPushButton(QStringLiteral("Apply"), this);
-    cmdSave->setObjectName(QStringLiteral("cmdSave"));
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-    buttons->addWidget(cmdBack);
-    buttons->addWidget(cmdSave);
-    buttons->addWidget(cmdCancel);
-    grid->addLayout(buttons, 1, 1);
-
-    connect(cmdSave, &QPushButton::clicked, this, &ctlSaveAndDownload::cmdSave_Click);
-    connect(cmdBack, &QPushButton::clicked, this, &ctlSaveAndDownload::cmdBack_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &ctlSaveAndDownload::cmdCancel_Click);
+    const PageButtons buttons = AddPageButtons(QStringLiteral("cmdSave"), QStringLiteral("Apply"),
+                                               [this] { cmdSave_Click(); });
+    cmdBack = buttons.back;
+    cmdSave = buttons.forward;
+    cmdCancel = buttons.cancel;
+    grid->addLayout(buttons.row, 1, 1);
 }
 
 qdf::clsExGlobalVars* ctlSaveAndDownload::Initialize(qdf::clsExGlobalVars* store) {
@@ -77,23 +65,10 @@ void ctlSaveAndDownload::StopBlink() {
     BlinkTimerBasic->Stop();
 }
 
-void ctlSaveAndDownload::Terminate() {
-    StopBlink();
-    ctlPage::Terminate();
-}
-
 void ctlSaveAndDownload::UpdateImportedVars() {
     if (!store_) return;
     const bool basic = store_->Xmtr_SimpleFlowCalcMode != 0;
-    frameBasic->setVisible(basic);
-    frameAuto->setVisible(!basic);
-    if (basic) {
-        BlinkTimerBasic->start();
-        BlinkTimer->Stop();
-    } else {
-        BlinkTimer->start();
-        BlinkTimerBasic->Stop();
-    }
+    ShowSequence(basic, frameAuto, BlinkTimer, frameBasic, BlinkTimerBasic);
 }
 
 void ctlSaveAndDownload::cmdSave_Click() {

@@ -17,13 +17,13 @@ class ctlSaveAndDownload : public ctlPage {
     explicit ctlSaveAndDownload(QWidget* parent = nullptr);
 
     qdf::clsExGlobalVars* Initialize(qdf::clsExGlobalVars* store) override;
-    void Terminate() override;
     void UpdateImportedVars() override;
     void StopBlink() override;
 
     void cmdSave_Click();
-    void cmdBack_Click();
-    void cmdCancel_Click();
+    void cmdBack_Click() override;
+    // The common Cancel as the Apply page does it: the configuration counts as ready.
+    void cmdCancel_Click() override;
 
     QPushButton* cmdSave;
     QPushButton* cmdBack;

@@ -10,7 +10,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
 
 #include "ModDeviceParams.h"
@@ -99,24 +98,15 @@ ctlSetupMode::ctlSetupMode(QWidget* parent) : ctlPage(parent) {
     right->addStretch();
     grid->addLayout(right, 0, 1);
 
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    cmdBack = new QPushButton(QStringLiteral("< Back"), this);
-    cmdBack->setObjectName(QStringLiteral("cmdBack"));
-    cmdNext = new QPushButton(QStringLiteral("Next >"), this);
-    cmdNext->setObjectName(QStringLiteral("cmdNext"));
-    cmdCancel = new QPushButton(QStringLiteral("Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-    buttons->addWidget(cmdBack);
-    buttons->addWidget(cmdNext);
-    buttons->addWidget(cmdCancel);
-    grid->addLayout(buttons, 1, 1);
+    const PageButtons buttons = AddPageButtons(QStringLiteral("cmdNext"), QStringLiteral("Next >"),
+                                               [this] { cmdNext_Click(); });
+    cmdBack = buttons.back;
+    cmdNext = buttons.forward;
+    cmdCancel = buttons.cancel;
+    grid->addLayout(buttons.row, 1, 1);
 
     connect(optGas, &QRadioButton::clicked, this, [this] { SetTempK1Open(false); });
     connect(optLiquid, &QRadioButton::clicked, this, [this] { SetTempK1Open(true); });
-    connect(cmdNext, &QPushButton::clicked, this, &ctlSetupMode::cmdNext_Click);
-    connect(cmdBack, &QPushButton::clicked, this, &ctlSetupMode::cmdBack_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &ctlSetupMode::cmdCancel_Click);
 }
 
 qdf::clsExGlobalVars* ctlSetupMode::Initialize(qdf::clsExGlobalVars* store) {
@@ -125,11 +115,6 @@ qdf::clsExGlobalVars* ctlSetupMode::Initialize(qdf::clsExGlobalVars* store) {
 
 void ctlSetupMode::StopBlink() {
     BlinkTimer->Stop();
-}
-
-void ctlSetupMode::Terminate() {
-    StopBlink();
-    ctlPage::Terminate();
 }
 
 void ctlSetupMode::ClearLists() {
@@ -244,8 +229,4 @@ void ctlSetupMode::cmdNext_Click() {
 void ctlSetupMode::cmdBack_Click() {
     // Back stores nothing: edits on this page are dropped.
     if (Main()) Main()->SwitchToModeSelection();
-}
-
-void ctlSetupMode::cmdCancel_Click() {
-    CommonCancel(false);
 }

@@ -20,14 +20,12 @@ class ctlSetupMode : public ctlPage {
     explicit ctlSetupMode(QWidget* parent = nullptr);
 
     qdf::clsExGlobalVars* Initialize(qdf::clsExGlobalVars* store) override;
-    void Terminate() override;
     void UpdateImportedVars() override;
     void ClearLists() override;
     void StopBlink() override;
 
     void cmdNext_Click();
-    void cmdBack_Click();
-    void cmdCancel_Click();
+    void cmdBack_Click() override;
 
     QRadioButton* optLiquid;
     QRadioButton* optGas;
