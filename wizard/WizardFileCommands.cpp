@@ -2,7 +2,8 @@
 
 #include "FileErrors.h"
 #include "FileMenuCommands.h"
-#include "ReportPmfCommands.h"
+#include "ModImportPMF.h"
+#include "ModReport.h"
 
 namespace qdf::wizard {
 
@@ -22,6 +23,14 @@ ChooseFile Saver(IDialogService& dialogs) {
     };
 }
 
+// The report has no read-only case: a save dialog that fails yields no path, and the command
+// ends as on a cancel.
+ChooseFile ReportSaver(IDialogService& dialogs) {
+    return [&dialogs](const std::string& filter, const std::string& offered) {
+        return dialogs.SaveFile(filter, offered).path;
+    };
+}
+
 }  // namespace
 
 bool WizardFileCommands::ImportQMV(clsExGlobalVars& store, ISDKMessageService& messages,
@@ -31,7 +40,7 @@ bool WizardFileCommands::ImportQMV(clsExGlobalVars& store, ISDKMessageService& m
 
 bool WizardFileCommands::ImportPMF(clsExGlobalVars& store, ISDKMessageService& messages,
                                    IDialogService& dialogs) {
-    return RunImportPMF(store, messages, dialogs);
+    return ImportPMFCommand(store, messages, Opener(dialogs));
 }
 
 bool WizardFileCommands::ImportFlowParamUI(clsExGlobalVars& store, ISDKMessageService& messages,
@@ -71,7 +80,7 @@ bool WizardFileCommands::ExportFlowParamCalc(clsExGlobalVars& store, ISDKMessage
 
 bool WizardFileCommands::Report(clsExGlobalVars& store, ISDKMessageService& messages,
                                 IDialogService& dialogs) {
-    return RunReport(store, messages, dialogs);
+    return ReportCommand(store, messages, ReportSaver(dialogs));
 }
 
 WizardFileCommands& StandardFileCommands() {
