@@ -4,6 +4,7 @@
 #include <string>
 
 #include "FileErrors.h"
+#include "FileMessages.h"
 #include "ModBinary.h"
 #include "ModCalcValue.h"
 #include "ModUserInput.h"
@@ -20,13 +21,6 @@ namespace qdf {
 
 namespace {
 
-constexpr const char* kTitleError = "QDF300 Error";
-constexpr const char* kTitleWarning = "QDF300 Warning";
-
-void Notice(ISDKMessageService& messages, const char* title, const std::string& text) {
-    messages.ShowMessage(title, text, 1, 2, 4);
-}
-
 // The save dialog, then the write. A dialog that failed and a file that can't be opened for
 // writing are the read-only case; any other failure ends the command in silence.
 bool ChooseAndSave(clsExGlobalVars& store, ISDKMessageService& messages, const ChooseFile& save,
@@ -38,7 +32,7 @@ bool ChooseAndSave(clsExGlobalVars& store, ISDKMessageService& messages, const C
         pathMember = path;
         write(store, path);
     } catch (const FileAccessError&) {
-        Notice(messages, kTitleError, kReadOnlyText);
+        ShowNotice(messages, kTitleError, kReadOnlyText);
     } catch (const std::exception&) {
     }
     return false;
@@ -82,15 +76,15 @@ bool ImportQMVCommand(clsExGlobalVars& store, ISDKMessageService& messages, cons
     if (path.empty()) return false;
     std::error_code ec;
     if (!std::filesystem::is_regular_file(path, ec)) {
-        Notice(messages, kTitleError, kOpenFailedText);
+        ShowNotice(messages, kTitleError, kOpenFailedText);
         store.Gbl_SaveBinaryFilePath.clear();
         return false;
     }
-    if (messages.ShowMessage(kTitleWarning, kOverwriteQuestion, 3, 5, 7) != 6) return false;
+    if (!AskYesNo(messages, kTitleWarning, kOverwriteQuestion)) return false;
     if (OpenBinaryFile(store, path, components) != 0) {
         // After a format error or a failed translation this is the second message.
         store.Gbl_SaveBinaryFilePath.clear();
-        Notice(messages, kTitleError, kOpenFailedText);
+        ShowNotice(messages, kTitleError, kOpenFailedText);
         return false;
     }
     store.ClickViaFile = kTrue;

@@ -12,6 +12,7 @@
 #include "CodeTables.h"
 #include "ComponentTables.h"
 #include "FileErrors.h"
+#include "FileMessages.h"
 #include "ModLog.h"
 #include "SDKFrame.h"
 #include "StoreRegistry.h"
@@ -421,7 +422,7 @@ ISDKMessageService* MessagesOf(const clsExGlobalVars& store) {
 }
 
 void Notice(ISDKMessageService* messages, const std::string& title, const std::string& text) {
-    if (messages) messages->ShowMessage(title, text, 1, 2, 4);
+    if (messages) ShowNotice(*messages, title, text);
 }
 
 // The largest file the reader can need: every string at its longest.
@@ -543,7 +544,7 @@ std::int32_t OpenBinaryBytes(clsExGlobalVars& store, std::span<const std::uint8_
         } catch (const std::exception&) {
             // Without a log folder the entry is lost; the user still learns why.
         }
-        Notice(messages, "QDF300 Warning",
+        Notice(messages, kTitleWarning,
                "Current file format is version" + fileRevision +
                    " This program only supports version " + store.Mgt_FileFormatRevNo + ".");
         return 1;
@@ -559,12 +560,12 @@ std::int32_t OpenBinaryBytes(clsExGlobalVars& store, std::span<const std::uint8_
 
     // Older revisions numbered devices and fluids differently: rebuild the codes from the names.
     if (TranslatePrimaryDeviceName(store, store.UI_PEName) != 0) {
-        Notice(messages, "QDF300 Error", "Error occurs in translating primary element code");
+        Notice(messages, kTitleError, "Error occurs in translating primary element code");
         return 1;
     }
     const IComponentList* list = components ? components : &CompoundTables();
     if (TranslateFluidName(store, store.UI_FluidName, list) != 0) {
-        Notice(messages, "QDF300 Error", "Error occurs in translating fluid name code");
+        Notice(messages, kTitleError, "Error occurs in translating fluid name code");
         return 1;
     }
     return 0;

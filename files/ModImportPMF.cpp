@@ -6,6 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "FileMessages.h"
 #include "IniSection.h"
 #include "ModDeviceParams.h"
 #include "NumberText.h"
@@ -15,14 +16,6 @@
 namespace qdf {
 
 namespace {
-
-using qdf::sdk::kMessageAnswerNo;
-using qdf::sdk::kMessageAnswerOk;
-using qdf::sdk::kMessageAnswerYes;
-using qdf::sdk::kMessageButtonsOk;
-using qdf::sdk::kMessageButtonsYesNo;
-using qdf::sdk::kMessageKindError;
-using qdf::sdk::kMessageKindQuestion;
 
 struct PmfRow {
     std::string_view key;  // the parameter name without its first letter
@@ -213,8 +206,7 @@ std::optional<Value> Convert(std::string_view text, PmfType type) {
 }
 
 void ShowOpenError(ISDKMessageService& messages) {
-    messages.ShowMessage("QDF300 Error", kFileOpenError, kMessageKindError, kMessageButtonsOk,
-                         kMessageAnswerOk);
+    ShowNotice(messages, kTitleError, kFileOpenError);
 }
 
 }  // namespace
@@ -273,9 +265,7 @@ bool ImportPMFCommand(clsExGlobalVars& store, ISDKMessageService& messages,
         store.Gbl_SaveBinaryFilePath.clear();
         return false;
     }
-    if (messages.ShowMessage("QDF300 Warning", kPmfOverwriteQuestion, kMessageKindQuestion,
-                             kMessageButtonsYesNo, kMessageAnswerNo) != kMessageAnswerYes)
-        return false;
+    if (!AskYesNo(messages, kTitleWarning, kPmfOverwriteQuestion)) return false;
     if (ImportPMFFile(store, path) != 0) {
         ShowOpenError(messages);
         return false;

@@ -10,6 +10,7 @@
 #include "AnsiText.h"
 #include "CodeTables.h"
 #include "FileErrors.h"
+#include "FileMessages.h"
 #include "LineForm.h"
 #include "ModUnit.h"
 #include "NumberText.h"
@@ -20,15 +21,6 @@ namespace qdf {
 
 namespace {
 
-using qdf::sdk::kMessageAnswerNo;
-using qdf::sdk::kMessageAnswerOk;
-using qdf::sdk::kMessageAnswerYes;
-using qdf::sdk::kMessageButtonsOk;
-using qdf::sdk::kMessageButtonsYesNo;
-using qdf::sdk::kMessageKindError;
-using qdf::sdk::kMessageKindQuestion;
-
-constexpr const char* kTitleWarning = "QDF300 Warning";
 constexpr std::string_view kSaturatedSteam = "Saturated steam";
 constexpr std::string_view kRoundTemperature = "###0.########";
 constexpr std::string_view kRoundViscosity = "#.########E+00";
@@ -371,8 +363,7 @@ void WriteReportFile(const clsExGlobalVars& s, const std::string& path) {
 }
 
 void ShowOpenFailed(ISDKMessageService& messages) {
-    messages.ShowMessage(kTitleWarning, kReportOpenFailed, kMessageKindError, kMessageButtonsOk,
-                         kMessageAnswerOk);
+    ShowNotice(messages, kTitleWarning, kReportOpenFailed);
 }
 
 }  // namespace
@@ -394,12 +385,8 @@ bool ReportCommand(clsExGlobalVars& store, ISDKMessageService& messages, const C
     if (path.empty()) return false;
     store.Gbl_ReportFilePath = path;
     std::error_code ec;
-    if (std::filesystem::exists(path, ec)) {
-        const std::int32_t answer =
-            messages.ShowMessage(kTitleWarning, kReportExists, kMessageKindQuestion,
-                                 kMessageButtonsYesNo, kMessageAnswerNo);
-        if (answer != kMessageAnswerYes) return false;
-    }
+    if (std::filesystem::exists(path, ec) && !AskYesNo(messages, kTitleWarning, kReportExists))
+        return false;
     try {
         WriteReportFile(store, path);
         return true;
