@@ -14,6 +14,7 @@
 #include <cmath>
 
 #include "aga_internal.h"
+#include "aga_limits.h"
 #include "density_solve.h"
 #include "sndl/sndl_aga.h"
 
@@ -410,10 +411,6 @@ constexpr FractionLimits kIsoLimits = {
 // the fractions are used as given, not rescaled.
 constexpr double kSumTolerance = 1e-6;
 
-// Limits of temperature (K) and pressure (kPa) where a method's status is 0.
-struct StateLimits {
-    double tMin, tMax, pMax;
-};
 // Detail: the expanded range of the 1994 report, -200 to 760 degF and up to 40000 psia.
 constexpr StateLimits kDetailState = {(-200.0 - 32.0) / 1.8 + 273.15, (760.0 - 32.0) / 1.8 + 273.15,
                                       40000.0 * 6.894757293168361};
@@ -436,19 +433,10 @@ int32_t checkFractions(const double* y, const FractionLimits& lim) {
     return SNDL_NORMAL;
 }
 
-int32_t rangeStatus(double T, double pKpa, const StateLimits& lim) {
-    if (T > lim.tMax) return SNDL_ERR_TOVER;
-    if (T < lim.tMin) return SNDL_ERR_TUNDER;
-    if (pKpa > lim.pMax) return SNDL_ERR_POVER;
-    return SNDL_NORMAL;
-}
-
 int32_t detailVdnMw(double T, double P, const double* y, double* vdn, double* mw,
                     const FractionLimits& fractions, const StateLimits& state) {
     if (y == nullptr || vdn == nullptr || mw == nullptr) return SNDL_ERR_XINVALID;
-    if (!(T > 0.0) || !std::isfinite(T) || !(P >= 0.0) || !std::isfinite(P)) {
-        return SNDL_ERR_XINVALID;
-    }
+    if (!validState(T, P)) return SNDL_ERR_XINVALID;
     const int32_t comp = checkFractions(y, fractions);
     if (comp != SNDL_NORMAL) return comp;
 
@@ -461,12 +449,7 @@ int32_t detailVdnMw(double T, double P, const double* y, double* vdn, double* mw
     // Reduced densities beyond about 4 are solid-like for every component; 12 is a safe cap.
     const Root root = solveDensity([&st](double d) { return detailPressure(st, d); }, pKpa,
                                    virialStart(pKpa / st.RT, st.B), 12.0 / st.K3, D);
-    if (root == Root::None) return SNDL_ERR_CALC;
-    *vdn = D;
-    *mw = mix.M;
-    const int32_t range = rangeStatus(T, pKpa, state);
-    if (range != SNDL_NORMAL) return range;
-    return root == Root::Gas ? SNDL_NORMAL : SNDL_ERR_PHASE;
+    return densityResult(root, D, mix.M, T, pKpa, state, vdn, mw);
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include <cmath>
 
 #include "aga_internal.h"
+#include "aga_limits.h"
 #include "density_solve.h"
 #include "sndl/sndl_aga.h"
 
@@ -190,13 +191,11 @@ namespace {
 
 // Wizard limits of the gross methods, inclusive. The heating value bounds are the page's in
 // either unit, whichever is wider, so that a value accepted there is accepted here.
-constexpr double kBtuFt3 = 1.055056 / 1000.0 / (0.3048 * 0.3048 * 0.3048);  // MJ/m3
 constexpr double kHvMin = 476.66 * kBtuFt3;
 constexpr double kHvMax = 42.87;
 constexpr double kRdMin = 0.554, kRdMax = 0.87;
-constexpr double kSlack = 1e-9;
 // Operating range: 263 to 338 K, up to 12 MPa.
-constexpr double kTMin = 263.0, kTMax = 338.0, kPMax = 12000.0;
+constexpr StateLimits kGrossState = {263.0, 338.0, 12000.0};
 
 bool within(double v, double lo, double hi) {
     return v >= lo - kSlack * std::fabs(lo) && v <= hi + kSlack * std::fabs(hi);
@@ -206,33 +205,12 @@ bool within(double v, double lo, double hi) {
 int32_t checkGrossInputs(double T, double P, const double* x, int32_t n, const double* vdn,
                          const double* mw, bool withN2) {
     if (x == nullptr || vdn == nullptr || mw == nullptr || n < 4) return SNDL_ERR_XINVALID;
-    if (!(T > 0.0) || !std::isfinite(T) || !(P >= 0.0) || !std::isfinite(P)) {
-        return SNDL_ERR_XINVALID;
-    }
+    if (!validState(T, P)) return SNDL_ERR_XINVALID;
     if (withN2 && !within(x[0], 0.0, 0.5)) return SNDL_ERR_YRANGE;
     if (!within(x[1], 0.0, 0.3) || !within(x[2], 0.0, 0.1) || !within(x[3], 0.0, 0.03)) {
         return SNDL_ERR_YRANGE;
     }
     return SNDL_NORMAL;
-}
-
-int32_t checkRd(double rd) {
-    if (!(rd <= kRdMax + kSlack)) return SNDL_ERR_GOVER;
-    if (!(rd >= kRdMin - kSlack)) return SNDL_ERR_GUNDER;
-    return SNDL_NORMAL;
-}
-
-int32_t finishGross(const GrossGas& gas, double T, double P, double* vdn, double* mw) {
-    const double pKpa = P / 1000.0;
-    double D = 0.0;
-    const Root root = grossDensity(gas, T, pKpa, D);
-    if (root == Root::None) return SNDL_ERR_CALC;
-    *vdn = D;
-    *mw = gas.M;
-    if (T > kTMax) return SNDL_ERR_TOVER;
-    if (T < kTMin) return SNDL_ERR_TUNDER;
-    if (pKpa > kPMax) return SNDL_ERR_POVER;
-    return root == Root::Gas ? SNDL_NORMAL : SNDL_ERR_PHASE;
 }
 
 }  // namespace
@@ -244,22 +222,21 @@ int32_t AgaGr1VdnMw(double T, double P, double hv, double rd, double* x, int32_t
     using namespace sndl::aga;
     int32_t status = checkGrossInputs(T, P, x, n, vdn, mw, false);
     if (status != SNDL_NORMAL) return status;
-    if (!(hv <= kHvMax * (1.0 + kSlack))) return SNDL_ERR_HOVER;
-    if (!(hv >= kHvMin * (1.0 - kSlack))) return SNDL_ERR_HUNDER;
-    if ((status = checkRd(rd)) != SNDL_NORMAL) return status;
+    if ((status = heatingValueStatus(hv, kHvMin, kHvMax)) != SNDL_NORMAL) return status;
+    if ((status = relativeDensityStatus(rd, kRdMin, kRdMax)) != SNDL_NORMAL) return status;
     GrossGas gas{};
     status = grossMethod1(hv, rd, x[1], x[2], x[3], kGross60F, gas);
     if (status != SNDL_NORMAL) return status;
-    return finishGross(gas, T, P, vdn, mw);
+    return grossVdnMw(gas, T, P, kGrossState, vdn, mw);
 }
 
 int32_t AgaGr2VdnMw(double T, double P, double rd, double* x, int32_t n, double* vdn, double* mw) {
     using namespace sndl::aga;
     int32_t status = checkGrossInputs(T, P, x, n, vdn, mw, true);
     if (status != SNDL_NORMAL) return status;
-    if ((status = checkRd(rd)) != SNDL_NORMAL) return status;
+    if ((status = relativeDensityStatus(rd, kRdMin, kRdMax)) != SNDL_NORMAL) return status;
     GrossGas gas{};
     status = grossMethod2(rd, x[0], x[1], x[2], x[3], kGross60F, gas, nullptr);
     if (status != SNDL_NORMAL) return status;
-    return finishGross(gas, T, P, vdn, mw);
+    return grossVdnMw(gas, T, P, kGrossState, vdn, mw);
 }

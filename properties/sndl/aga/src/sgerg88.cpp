@@ -13,6 +13,7 @@
 #include <cmath>
 
 #include "aga_internal.h"
+#include "aga_limits.h"
 #include "sndl/sndl_aga.h"
 
 namespace sndl::aga {
@@ -27,11 +28,9 @@ constexpr double kBStart = -0.065;  // L/mol, first estimate of B(T0)
 
 // Inclusive limits of the method; the calorific value's are the wizard's in either unit,
 // whichever is wider.
-constexpr double kBtuFt3 = 1.055056 / 1000.0 / (0.3048 * 0.3048 * 0.3048);  // MJ/m3
 constexpr double kHsMin = 536.78 * kBtuFt3, kHsMax = 48.0;
 constexpr double kDMin = 0.55, kDMax = 0.90;
-constexpr double kTMin = 250.15, kTMax = 338.15, kPMax = 12000.0;  // K, K, kPa
-constexpr double kSlack = 1e-9;
+constexpr StateLimits kSgergState = {250.15, 338.15, 12000.0};
 
 }  // namespace
 
@@ -75,29 +74,17 @@ int32_t IsoPpmVdnMw(double T, double P, double hv, double rd, double* x, int32_t
     using namespace sndl::aga;
     (void)n;  // the vector always holds four entries: (unused, CO2, H2, unused)
     if (x == nullptr || vdn == nullptr || mw == nullptr) return SNDL_ERR_XINVALID;
-    if (!(T > 0.0) || !std::isfinite(T) || !(P >= 0.0) || !std::isfinite(P)) {
-        return SNDL_ERR_XINVALID;
-    }
+    if (!validState(T, P)) return SNDL_ERR_XINVALID;
     const double xCO2 = x[1], xH2 = x[2];
     if (!(xCO2 >= 0.0 && xCO2 <= 0.3 + kSlack) || !(xH2 >= 0.0 && xH2 <= 0.1 + kSlack)) {
         return SNDL_ERR_YRANGE;
     }
-    if (!(hv <= kHsMax * (1.0 + kSlack))) return SNDL_ERR_HOVER;
-    if (!(hv >= kHsMin * (1.0 - kSlack))) return SNDL_ERR_HUNDER;
-    if (!(rd <= kDMax + kSlack)) return SNDL_ERR_GOVER;
-    if (!(rd >= kDMin - kSlack)) return SNDL_ERR_GUNDER;
+    int32_t status = heatingValueStatus(hv, kHsMin, kHsMax);
+    if (status == SNDL_NORMAL) status = relativeDensityStatus(rd, kDMin, kDMax);
+    if (status != SNDL_NORMAL) return status;
 
     GrossGas gas{};
-    const int32_t status = sgergCharacterize(hv, rd, xCO2, xH2, gas);
+    status = sgergCharacterize(hv, rd, xCO2, xH2, gas);
     if (status != SNDL_NORMAL) return status;
-    const double pKpa = P / 1000.0;
-    double D = 0.0;
-    const Root root = grossDensity(gas, T, pKpa, D);
-    if (root == Root::None) return SNDL_ERR_CALC;
-    *vdn = D;
-    *mw = gas.M;
-    if (T > kTMax) return SNDL_ERR_TOVER;
-    if (T < kTMin) return SNDL_ERR_TUNDER;
-    if (pKpa > kPMax) return SNDL_ERR_POVER;
-    return root == Root::Gas ? SNDL_NORMAL : SNDL_ERR_PHASE;
+    return grossVdnMw(gas, T, P, kSgergState, vdn, mw);
 }
