@@ -35,6 +35,16 @@ std::array<double, N> Copy(const BoundedArray<double, N>& a) {
     return out;
 }
 
+// Runs `call` on a working copy of the vector and hands the store back what the library left
+// in it.
+template <std::size_t N, class Call>
+int32_t OnCopy(BoundedArray<double, N>& vector, Call call) {
+    auto copy = Copy(vector);
+    const int32_t status = call(copy.data());
+    vector.assign(copy);
+    return status;
+}
+
 }  // namespace
 
 int32_t DprGetClist(std::vector<std::string>& names, std::vector<int32_t>& ids) {
@@ -94,19 +104,13 @@ int32_t DprMixVdn(int32_t n, std::span<int32_t> ids, double T, double P, std::sp
 int32_t DprMixIcp(clsExGlobalVars& store, std::span<int32_t> ids, double T, double& cp) {
     const int32_t n = store.Y21.upper() + 1;
     RequireSize(ids.size(), n, "mixture ids shorter than Y21");
-    auto y = Copy(store.Y21);
-    const int32_t status = ::DprMixIcp(n, ids.data(), T, y.data(), &cp);
-    store.Y21.assign(y);
-    return status;
+    return OnCopy(store.Y21, [&](double* y) { return ::DprMixIcp(n, ids.data(), T, y, &cp); });
 }
 
 int32_t DprMixVvs(clsExGlobalVars& store, std::span<int32_t> ids, double T, double& vis) {
     const int32_t n = store.Y21.upper() + 1;
     RequireSize(ids.size(), n, "mixture ids shorter than Y21");
-    auto y = Copy(store.Y21);
-    const int32_t status = ::DprMixVvs(n, ids.data(), T, y.data(), &vis);
-    store.Y21.assign(y);
-    return status;
+    return OnCopy(store.Y21, [&](double* y) { return ::DprMixVvs(n, ids.data(), T, y, &vis); });
 }
 
 int32_t DprIcpRng(int32_t id, double& tLow, double& tHigh) {
@@ -148,44 +152,31 @@ int32_t IapwsTs(double P, double& T) {
 }
 
 int32_t AgaDtlVdnMw(clsExGlobalVars& store, double T, double P, double& vdn, double& mw) {
-    auto y = Copy(store.Y21);
-    const int32_t status = ::AgaDtlVdnMw(T, P, y.data(), &vdn, &mw);
-    store.Y21.assign(y);
-    return status;
+    return OnCopy(store.Y21, [&](double* y) { return ::AgaDtlVdnMw(T, P, y, &vdn, &mw); });
 }
 
 int32_t AgaGr1VdnMw(clsExGlobalVars& store, double T, double P, double hv, double rd, int32_t n,
                     double& vdn, double& mw) {
-    auto x = Copy(store.XAga);
-    RequireSize(x.size(), n, "XAga shorter than n");
-    const int32_t status = ::AgaGr1VdnMw(T, P, hv, rd, x.data(), n, &vdn, &mw);
-    store.XAga.assign(x);
-    return status;
+    RequireSize(store.XAga.size(), n, "XAga shorter than n");
+    return OnCopy(store.XAga,
+                  [&](double* x) { return ::AgaGr1VdnMw(T, P, hv, rd, x, n, &vdn, &mw); });
 }
 
 int32_t AgaGr2VdnMw(clsExGlobalVars& store, double T, double P, double rd, int32_t n, double& vdn,
                     double& mw) {
-    auto x = Copy(store.XAga);
-    RequireSize(x.size(), n, "XAga shorter than n");
-    const int32_t status = ::AgaGr2VdnMw(T, P, rd, x.data(), n, &vdn, &mw);
-    store.XAga.assign(x);
-    return status;
+    RequireSize(store.XAga.size(), n, "XAga shorter than n");
+    return OnCopy(store.XAga, [&](double* x) { return ::AgaGr2VdnMw(T, P, rd, x, n, &vdn, &mw); });
 }
 
 int32_t IsoMcaVdnMw(clsExGlobalVars& store, double T, double P, double& vdn, double& mw) {
-    auto y = Copy(store.Y21);
-    const int32_t status = ::IsoMcaVdnMw(T, P, y.data(), &vdn, &mw);
-    store.Y21.assign(y);
-    return status;
+    return OnCopy(store.Y21, [&](double* y) { return ::IsoMcaVdnMw(T, P, y, &vdn, &mw); });
 }
 
 int32_t IsoPpmVdnMw(clsExGlobalVars& store, double T, double P, double hv, double rd, int32_t n,
                     double& vdn, double& mw) {
-    auto x = Copy(store.XAga);
-    RequireSize(x.size(), n, "XAga shorter than n");
-    const int32_t status = ::IsoPpmVdnMw(T, P, hv, rd, x.data(), n, &vdn, &mw);
-    store.XAga.assign(x);
-    return status;
+    RequireSize(store.XAga.size(), n, "XAga shorter than n");
+    return OnCopy(store.XAga,
+                  [&](double* x) { return ::IsoPpmVdnMw(T, P, hv, rd, x, n, &vdn, &mw); });
 }
 
 int32_t RunLeastSquares(clsExGlobalVars& store, std::span<double> Y, int32_t nData, int32_t nCons,
