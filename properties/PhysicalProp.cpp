@@ -42,13 +42,36 @@ bool IsGrossMethod(const std::string& name) {
     return name == kAga8Gross1 || name == kAga8Gross2 || name == kIsoPhysical;
 }
 
+// A failed library call is reported, and the point fails.
+bool Reported(clsExGlobalVars& store, int32_t status, int32_t kind, double tempK, double pressPa,
+              double value) {
+    if (status == 0) return false;
+    ReportPropertyError(store, status, kind, tempK, pressPa, value);
+    return true;
+}
+
+// A result that is not a finite number fails the point and leaves the old value standing.
+int32_t KeepFinite(double value, double& target, int32_t result = 0) {
+    if (!std::isfinite(value)) return 1;
+    target = value;
+    return result;
+}
+
 // Reports a failed IAPWS call and decides whether the value stands: it does at a two-phase
 // point, and of course when the library succeeded.
 int32_t PassUnlessFailed(clsExGlobalVars& store, int32_t status, int32_t kind, double tempK,
                          double pressPa, double value) {
-    if (status == 0) return 0;
-    ReportPropertyError(store, status, kind, tempK, pressPa, value);
+    if (!Reported(store, status, kind, tempK, pressPa, value)) return 0;
     return IsTwoPhaseWarning(store) ? 0 : 1;
+}
+
+// Water or steam density of one phase; the call starts from the point's old value.
+int32_t IapwsDensity(clsExGlobalVars& store, int32_t (*call)(double, double, double&), double tempK,
+                     double pressPa, double& density) {
+    double d = density;
+    const int32_t status = call(tempK, pressPa, d);
+    const int32_t result = PassUnlessFailed(store, status, kReportDensity, tempK, pressPa, d);
+    return KeepFinite(d, density, result);
 }
 
 // One natural gas library call for the method `name`; false when the name is none of the five.
@@ -89,10 +112,7 @@ int32_t AirMixtureDensity(clsExGlobalVars& store, double tempK, double pressPa, 
         ReportPropertyError(store, status, kReportDensity, tempK, pressPa, vdn * mw);
         return status;
     }
-    const double value = vdn * mw;
-    if (!std::isfinite(value)) return 1;
-    density = value;
-    return 0;
+    return KeepFinite(vdn * mw, density);
 }
 
 int32_t PureComponentDensity(clsExGlobalVars& store, int32_t fluidType, const std::string& name,
@@ -112,9 +132,7 @@ int32_t PureComponentDensity(clsExGlobalVars& store, int32_t fluidType, const st
                                    store.Gbl_ErrorSubCode == 1 && fluidType == 2 && name == kAir;
         if (!airAboveRange && !(twoPhasePasses && IsTwoPhaseWarning(store))) return 1;
     }
-    if (!std::isfinite(value)) return 1;
-    density = value;
-    return 0;
+    return KeepFinite(value, density);
 }
 
 int32_t LiquidDensity(clsExGlobalVars& store, int32_t fluidCat, double tempK, double pressPa,
@@ -127,24 +145,11 @@ int32_t LiquidDensity(clsExGlobalVars& store, int32_t fluidCat, double tempK, do
             double mw = 0.0;
             int32_t status = SND::DprLdn(id, tempK, ldn);
             if (status == 0) status = SND::DprMw(id, mw);
-            if (status != 0) {
-                ReportPropertyError(store, status, kReportOther, tempK, pressPa, ldn * mw);
-                return 1;
-            }
-            const double value = ldn * mw;
-            if (!std::isfinite(value)) return 1;
-            density = value;
-            return 0;
+            if (Reported(store, status, kReportOther, tempK, pressPa, ldn * mw)) return 1;
+            return KeepFinite(ldn * mw, density);
         }
-        case 2: {
-            double d = density;
-            const int32_t status = SND::IapwsLdnw(tempK, pressPa, d);
-            const int32_t result =
-                PassUnlessFailed(store, status, kReportDensity, tempK, pressPa, d);
-            if (!std::isfinite(d)) return 1;
-            density = d;
-            return result;
-        }
+        case 2:
+            return IapwsDensity(store, SND::IapwsLdnw, tempK, pressPa, density);
         case 3:
             density = 0.0;
             return 0;
@@ -162,25 +167,12 @@ int32_t GasDensity(clsExGlobalVars& store, int32_t fluidType, int32_t fluidCat,
             double mw = 0.0;
             if (!NaturalGasCall(store, name, tempK, pressPa, status, vdn, mw)) return 0;
             // Any failure stops the run here, a two-phase point included.
-            if (status != 0) {
-                ReportPropertyError(store, status, kReportOther, tempK, pressPa, vdn * mw);
-                return 1;
-            }
-            const double value = vdn * mw;
-            if (!std::isfinite(value)) return 1;
-            density = value;
-            return 0;
+            if (Reported(store, status, kReportOther, tempK, pressPa, vdn * mw)) return 1;
+            return KeepFinite(vdn * mw, density);
         }
-        case 5: {
+        case 5:
             if (name != kSteamSuperheated && name != kSteamSaturated) return 0;
-            double d = density;
-            const int32_t status = SND::IapwsVdnw(tempK, pressPa, d);
-            const int32_t result =
-                PassUnlessFailed(store, status, kReportDensity, tempK, pressPa, d);
-            if (!std::isfinite(d)) return 1;
-            density = d;
-            return result;
-        }
+            return IapwsDensity(store, SND::IapwsVdnw, tempK, pressPa, density);
         case 6:
             if (name == kAir && store.Mgt_MtdAirGasDensityCalculation == 1)
                 return AirMixtureDensity(store, tempK, pressPa, density);
@@ -210,10 +202,7 @@ int32_t MixtureViscosity(clsExGlobalVars& store, double tempK, double pressPa, d
         mixIds[k] = ids.at(static_cast<std::size_t>(kY21CataloguePosition[k]));
     double value = 0.0;
     const int32_t status = SND::DprMixVvs(store, mixIds, tempK, value);
-    if (status != 0) {
-        ReportPropertyError(store, status, kReportOther, tempK, pressPa, value);
-        return 1;
-    }
+    if (Reported(store, status, kReportOther, tempK, pressPa, value)) return 1;
     vis = value;
     return 0;
 }
@@ -224,10 +213,7 @@ int32_t CorrelatedViscosity(clsExGlobalVars& store, Call call, double tempK, dou
                             double& vis) {
     double value = 0.0;
     const int32_t status = call(store.UI_FluidNameMethodCode, tempK, value);
-    if (status != 0) {
-        ReportPropertyError(store, status, kReportOther, tempK, pressPa, value);
-        return 1;
-    }
+    if (Reported(store, status, kReportOther, tempK, pressPa, value)) return 1;
     vis = value;
     return 0;
 }
@@ -242,10 +228,7 @@ int32_t MixtureIsentropicExponent(clsExGlobalVars& store, double tempK, double p
     for (std::size_t k = 0; k < mixIds.size(); ++k) mixIds[k] = ids.at(k);
     double cp = 0.0;
     const int32_t status = SND::DprMixIcp(store, mixIds, tempK, cp);
-    if (status != 0) {
-        ReportPropertyError(store, status, kReportOther, tempK, pressPa, cp);
-        return 1;
-    }
+    if (Reported(store, status, kReportOther, tempK, pressPa, cp)) return 1;
     kappa = cp / (cp - kGasConstant);
     return 0;
 }
@@ -276,10 +259,7 @@ int32_t GetMolecularWeight(clsExGlobalVars& store, int32_t /*fluidType*/, int32_
             case 6: {
                 double value = 0.0;
                 const int32_t status = SND::DprMw(store.UI_FluidNameMethodCode, value);
-                if (status != 0) {
-                    ReportPropertyError(store, status, kReportOther, tempK, pressPa, value);
-                    return 1;
-                }
+                if (Reported(store, status, kReportOther, tempK, pressPa, value)) return 1;
                 mw = value;
                 return 0;
             }
@@ -303,9 +283,7 @@ int32_t GetMolecularWeight(clsExGlobalVars& store, int32_t /*fluidType*/, int32_
                     ReportPropertyError(store, status, kind, tempK, pressPa, value);
                     return 1;
                 }
-                if (!std::isfinite(value)) return 1;
-                mw = value;
-                return 0;
+                return KeepFinite(value, mw);
             }
             default:
                 return 0;
@@ -384,9 +362,7 @@ int32_t GetViscosity(clsExGlobalVars& store, int32_t fluidType, int32_t fluidCat
                 result = CorrelatedViscosity(store, SND::DprVvs, tempK, pressPa, vis);
             }
         }
-        if (!std::isfinite(vis)) return 1;
-        store.UI_Visc.at(index) = vis;
-        return result;
+        return KeepFinite(vis, store.UI_Visc.at(index), result);
     } catch (const std::exception&) {
         return 1;
     }
@@ -410,10 +386,7 @@ int32_t GetIsentropicExponent(clsExGlobalVars& store, int32_t fluidType, int32_t
             if (name == kSteamSaturated) {
                 tSteam = 0.0;
                 const int32_t status = SND::IapwsTs(pressPa, tSteam);
-                if (status != 0) {
-                    ReportPropertyError(store, status, kReportOther, tSteam, pressPa, kappa);
-                    return 1;
-                }
+                if (Reported(store, status, kReportOther, tSteam, pressPa, kappa)) return 1;
             } else if (name != kSteamSuperheated) {
                 known = false;
             }
@@ -424,15 +397,10 @@ int32_t GetIsentropicExponent(clsExGlobalVars& store, int32_t fluidType, int32_t
         } else if (fluidCat == 6) {
             double cp = 0.0;
             const int32_t status = SND::DprIcp(store.UI_FluidNameMethodCode, tempK, cp);
-            if (status != 0) {
-                ReportPropertyError(store, status, kReportOther, tempK, pressPa, cp);
-                return 1;
-            }
+            if (Reported(store, status, kReportOther, tempK, pressPa, cp)) return 1;
             kappa = cp / (cp - kGasConstant);
         }
-        if (!std::isfinite(kappa)) return 1;
-        store.UI_IsenExpValue = kappa;
-        return result;
+        return KeepFinite(kappa, store.UI_IsenExpValue, result);
     } catch (const std::exception&) {
         return 1;
     }
