@@ -76,6 +76,34 @@ int32_t SaturationLimit(clsExGlobalVars& store, double pressPa, double& target) 
     return 1;
 }
 
+// One density point into the display and the internal table.
+void StoreDensity(clsExGlobalVars& store, int32_t k, double density) {
+    store.UI_Dens.at(k) = Checked(density);
+    store.UI_DensStandard.at(k) = density;
+}
+
+// The reference density at the reference temperature and `pressPa`.
+int32_t StoreReferenceDensity(clsExGlobalVars& store, double pressPa) {
+    double density = 0.0;
+    if (DensityAt(store, store.UI_TempRefStandard, pressPa, density) != 0) return 1;
+    store.UI_RefDensValue = Checked(density);
+    store.UI_RefDensValueStandard = density;
+    return 0;
+}
+
+// An evenly spaced temperature list over the range, in the range's unit and in K. The display
+// list is spaced for `displayPoints`, which a table may take from another count.
+template <class Display, class Standard>
+void FillRangeTemperatures(const clsExGlobalVars& store, int32_t points, int32_t displayPoints,
+                           Display& display, Standard& standard) {
+    const Axis t = AscendingAxis(store.UI_RangeT1, store.UI_RangeT2, displayPoints);
+    const Axis ts = AscendingAxis(store.UI_RangeT1Standard, store.UI_RangeT2Standard, points);
+    for (int32_t i = 0; i < points; ++i) {
+        display.at(i) = t.start + i * t.step;
+        standard.at(i) = ts.start + i * ts.step;
+    }
+}
+
 void FillViscosityPressures(clsExGlobalVars& store, int32_t points) {
     const double mean = std::fabs(store.UI_RangeP1Standard + store.UI_RangeP2Standard) / 2.0;
     for (int32_t i = 0; i < points; ++i) store.UI_VisPress.at(i) = Checked(mean);
@@ -186,8 +214,7 @@ int32_t CalcGasDensityGrid(clsExGlobalVars& store) {
                 if (DensityAt(store, store.UI_DensTempStandard.at(k),
                               store.UI_DensAbsPressStandard.at(k), density) != 0)
                     return 1;
-                store.UI_Dens.at(k) = Checked(density);
-                store.UI_DensStandard.at(k) = density;
+                StoreDensity(store, k, density);
             }
             return 0;
         }
@@ -210,9 +237,7 @@ int32_t CalcGasDensityGrid(clsExGlobalVars& store) {
                 if (DensityAt(store, store.UI_DensTempStandard.at(i),
                               store.UI_DensAbsPressStandard.at(j), density) != 0)
                     return 1;
-                store.UI_Dens.at(k) = Checked(density);
-                store.UI_DensStandard.at(k) = density;
-                ++k;
+                StoreDensity(store, k++, density);
             }
         }
         return 0;
@@ -222,20 +247,13 @@ int32_t CalcGasDensityGrid(clsExGlobalVars& store) {
 int32_t CalcLiquidDensityGrid(clsExGlobalVars& store) {
     return Stage([&] {
         const int32_t n = store.Mgt_LqdDensTempDiv;
-        if (!ReadFromFile(store)) {
-            const Axis t = AscendingAxis(store.UI_RangeT1, store.UI_RangeT2, n);
-            const Axis ts = AscendingAxis(store.UI_RangeT1Standard, store.UI_RangeT2Standard, n);
-            for (int32_t i = 0; i < n; ++i) {
-                store.UI_DensTemp.at(i) = t.start + i * t.step;
-                store.UI_DensTempStandard.at(i) = ts.start + i * ts.step;
-            }
-        }
+        if (!ReadFromFile(store))
+            FillRangeTemperatures(store, n, n, store.UI_DensTemp, store.UI_DensTempStandard);
         // A liquid's density is taken on its saturation line: pressure plays no part.
         double density = 0.0;
         for (int32_t i = 0; i < n; ++i) {
             if (DensityAt(store, store.UI_DensTempStandard.at(i), 0.0, density) != 0) return 1;
-            store.UI_Dens.at(i) = Checked(density);
-            store.UI_DensStandard.at(i) = density;
+            StoreDensity(store, i, density);
         }
         return 0;
     });
@@ -249,23 +267,12 @@ int32_t CalcGasReferenceDensity(clsExGlobalVars& store) {
             store.UI_TempRefStandard = t;
             if (status != 0) return 1;
         }
-        double density = 0.0;
-        if (DensityAt(store, store.UI_TempRefStandard, store.UI_PressRefStandard, density) != 0)
-            return 1;
-        store.UI_RefDensValue = Checked(density);
-        store.UI_RefDensValueStandard = density;
-        return 0;
+        return StoreReferenceDensity(store, store.UI_PressRefStandard);
     });
 }
 
 int32_t CalcLiquidReferenceDensity(clsExGlobalVars& store) {
-    return Stage([&] {
-        double density = 0.0;
-        if (DensityAt(store, store.UI_TempRefStandard, 0.0, density) != 0) return 1;
-        store.UI_RefDensValue = Checked(density);
-        store.UI_RefDensValueStandard = density;
-        return 0;
-    });
+    return Stage([&] { return StoreReferenceDensity(store, 0.0); });
 }
 
 int32_t CalcGasViscosityGrid(clsExGlobalVars& store) {
@@ -274,12 +281,7 @@ int32_t CalcGasViscosityGrid(clsExGlobalVars& store) {
         if (ReadFromFile(store)) return 0;
         const int32_t n = store.Mgt_GasVisTempDiv;
         if (!IsSaturatedSteam(store)) {
-            const Axis t = AscendingAxis(store.UI_RangeT1, store.UI_RangeT2, n);
-            const Axis ts = AscendingAxis(store.UI_RangeT1Standard, store.UI_RangeT2Standard, n);
-            for (int32_t i = 0; i < n; ++i) {
-                store.UI_ViscTemp.at(i) = t.start + i * t.step;
-                store.UI_ViscTempStandard.at(i) = ts.start + i * ts.step;
-            }
+            FillRangeTemperatures(store, n, n, store.UI_ViscTemp, store.UI_ViscTempStandard);
         } else {
             // Starts at the density grid's first saturation temperature, so the density stage
             // must have run; shown in the reference temperature unit.
@@ -304,13 +306,8 @@ int32_t CalcLiquidViscosityGrid(clsExGlobalVars& store) {
         if (!ReadFromFile(store)) {
             // The display step is taken from the gas count, as the tables in use were made;
             // the standard table, which is fitted, uses the liquid count throughout.
-            const Axis t =
-                AscendingAxis(store.UI_RangeT1, store.UI_RangeT2, store.Mgt_GasVisTempDiv);
-            const Axis ts = AscendingAxis(store.UI_RangeT1Standard, store.UI_RangeT2Standard, n);
-            for (int32_t i = 0; i < n; ++i) {
-                store.UI_ViscTemp.at(i) = t.start + i * t.step;
-                store.UI_ViscTempStandard.at(i) = ts.start + i * ts.step;
-            }
+            FillRangeTemperatures(store, n, store.Mgt_GasVisTempDiv, store.UI_ViscTemp,
+                                  store.UI_ViscTempStandard);
         }
         FillViscosityPressures(store, n);
         return EvaluateViscosities(store, n);
