@@ -19,5 +19,5 @@ ShellPage::ShellPage(const QString& objectName, const QString& title, QWidget* p
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
     buttons->addWidget(cmdCancel);
     layout->addLayout(buttons);
-    connect(cmdCancel, &QPushButton::clicked, this, [this] { CommonCancel(false); });
+    connect(cmdCancel, &QPushButton::clicked, this, [this] { cmdCancel_Click(); });
 }

@@ -4,12 +4,8 @@
 
 #include "ctlPage.h"
 
-class QPushButton;
-
 class ShellPage : public ctlPage {
     Q_OBJECT
   public:
     ShellPage(const QString& objectName, const QString& title, QWidget* parent);
-
-    QPushButton* cmdCancel;
 };

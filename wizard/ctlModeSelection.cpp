@@ -57,12 +57,8 @@ ctlModeSelection::ctlModeSelection(QWidget* parent) : ctlPage(parent) {
     right->addStretch();
     grid->addLayout(right, 0, 1);
 
-    const PageButtons buttons = AddPageButtons(QStringLiteral("cmdNext"), QStringLiteral("Next >"),
-                                               [this] { cmdNext_Click(); });
-    cmdBack = buttons.back;
-    cmdNext = buttons.forward;
-    cmdCancel = buttons.cancel;
-    grid->addLayout(buttons.row, 1, 1);
+    cmdNext = AddPageButtons(grid, QStringLiteral("cmdNext"), QStringLiteral("Next >"),
+                             [this] { cmdNext_Click(); });
 
     connect(optAutoCompMode, &QRadioButton::clicked, this, [this] { ShowMode(false); });
     connect(optBasicMode, &QRadioButton::clicked, this, [this] { ShowMode(true); });

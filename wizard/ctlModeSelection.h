@@ -27,9 +27,7 @@ class ctlModeSelection : public ctlPage {
     QRadioButton* optBasicMode;
     QGroupBox* frameAuto;
     QGroupBox* frameBasic;
-    QPushButton* cmdBack;
     QPushButton* cmdNext;
-    QPushButton* cmdCancel;
     qdf::wizard::BlinkTimer* BlinkTimerAuto;
     qdf::wizard::BlinkTimer* BlinkTimerBasic;
 

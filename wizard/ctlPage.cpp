@@ -1,5 +1,6 @@
 #include "ctlPage.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 
@@ -20,24 +21,26 @@ void ctlPage::cmdCancel_Click() {
     CommonCancel(false);
 }
 
-ctlPage::PageButtons ctlPage::AddPageButtons(const QString& forwardName, const QString& forwardText,
-                                             std::function<void()> onForward) {
+QPushButton* ctlPage::AddPageButtons(QGridLayout* grid, const QString& forwardName,
+                                     const QString& forwardText, std::function<void()> onForward) {
     auto make = [this](const QString& name, const QString& text) {
         auto* button = new QPushButton(text, this);
         button->setObjectName(name);
         return button;
     };
-    PageButtons b{new QHBoxLayout, make(QStringLiteral("cmdBack"), QStringLiteral("< Back")),
-                  make(forwardName, forwardText),
-                  make(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"))};
-    b.row->addStretch();
-    b.row->addWidget(b.back);
-    b.row->addWidget(b.forward);
-    b.row->addWidget(b.cancel);
-    connect(b.back, &QPushButton::clicked, this, [this] { cmdBack_Click(); });
-    connect(b.forward, &QPushButton::clicked, this, std::move(onForward));
-    connect(b.cancel, &QPushButton::clicked, this, [this] { cmdCancel_Click(); });
-    return b;
+    cmdBack = make(QStringLiteral("cmdBack"), QStringLiteral("< Back"));
+    QPushButton* forward = make(forwardName, forwardText);
+    cmdCancel = make(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(cmdBack);
+    row->addWidget(forward);
+    row->addWidget(cmdCancel);
+    grid->addLayout(row, 1, 1);
+    connect(cmdBack, &QPushButton::clicked, this, [this] { cmdBack_Click(); });
+    connect(forward, &QPushButton::clicked, this, std::move(onForward));
+    connect(cmdCancel, &QPushButton::clicked, this, [this] { cmdCancel_Click(); });
+    return forward;
 }
 
 TVRQDFFCWMain* ctlPage::Main() const {

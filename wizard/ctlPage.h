@@ -7,7 +7,7 @@
 #include <functional>
 #include <string>
 
-class QHBoxLayout;
+class QGridLayout;
 class QPushButton;
 class TVRQDFFCWMain;
 
@@ -36,17 +36,16 @@ class ctlPage : public QWidget {
 
     qdf::clsExGlobalVars* Store() const { return store_; }
 
+    // Null on a page that does not offer the button.
+    QPushButton* cmdBack = nullptr;
+    QPushButton* cmdCancel = nullptr;
+
   protected:
-    struct PageButtons {
-        QHBoxLayout* row;
-        QPushButton* back;
-        QPushButton* forward;
-        QPushButton* cancel;
-    };
-    // The foot of a page: Back, the page's forward button (Next or Apply) and Cancel. Back and
-    // Cancel run their handlers, the forward button runs `onForward`.
-    PageButtons AddPageButtons(const QString& forwardName, const QString& forwardText,
-                               std::function<void()> onForward);
+    // The foot of a page, in the grid's right column under the fields: Back, the page's
+    // forward button (Next or Apply) and Cancel. Back and Cancel run their handlers, the
+    // forward button runs `onForward`. Returns the forward button.
+    QPushButton* AddPageButtons(QGridLayout* grid, const QString& forwardName,
+                                const QString& forwardText, std::function<void()> onForward);
 
     TVRQDFFCWMain* Main() const;
     // The frame's message box; 0 when there is no frame to ask.

@@ -45,12 +45,8 @@ ctlSaveAndDownload::ctlSaveAndDownload(QWidget* parent) : ctlPage(parent) {
     right->addStretch();
     grid->addLayout(right, 0, 1);
 
-    const PageButtons buttons = AddPageButtons(QStringLiteral("cmdSave"), QStringLiteral("Apply"),
-                                               [this] { cmdSave_Click(); });
-    cmdBack = buttons.back;
-    cmdSave = buttons.forward;
-    cmdCancel = buttons.cancel;
-    grid->addLayout(buttons.row, 1, 1);
+    cmdSave = AddPageButtons(grid, QStringLiteral("cmdSave"), QStringLiteral("Apply"),
+                             [this] { cmdSave_Click(); });
 }
 
 qdf::clsExGlobalVars* ctlSaveAndDownload::Initialize(qdf::clsExGlobalVars* store) {

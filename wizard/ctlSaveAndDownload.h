@@ -26,8 +26,6 @@ class ctlSaveAndDownload : public ctlPage {
     void cmdCancel_Click() override;
 
     QPushButton* cmdSave;
-    QPushButton* cmdBack;
-    QPushButton* cmdCancel;
     QGroupBox* frameAuto;
     QGroupBox* frameBasic;
     qdf::wizard::BlinkTimer* BlinkTimer;

@@ -98,12 +98,8 @@ ctlSetupMode::ctlSetupMode(QWidget* parent) : ctlPage(parent) {
     right->addStretch();
     grid->addLayout(right, 0, 1);
 
-    const PageButtons buttons = AddPageButtons(QStringLiteral("cmdNext"), QStringLiteral("Next >"),
-                                               [this] { cmdNext_Click(); });
-    cmdBack = buttons.back;
-    cmdNext = buttons.forward;
-    cmdCancel = buttons.cancel;
-    grid->addLayout(buttons.row, 1, 1);
+    cmdNext = AddPageButtons(grid, QStringLiteral("cmdNext"), QStringLiteral("Next >"),
+                             [this] { cmdNext_Click(); });
 
     connect(optGas, &QRadioButton::clicked, this, [this] { SetTempK1Open(false); });
     connect(optLiquid, &QRadioButton::clicked, this, [this] { SetTempK1Open(true); });

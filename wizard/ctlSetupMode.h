@@ -35,9 +35,7 @@ class ctlSetupMode : public ctlPage {
     QComboBox* cboRefStPres;
     QLineEdit* txtKFactor;
     QLineEdit* txtTempK1;
-    QPushButton* cmdBack;
     QPushButton* cmdNext;
-    QPushButton* cmdCancel;
     qdf::wizard::BlinkTimer* BlinkTimer;
 
   private:
