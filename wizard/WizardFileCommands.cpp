@@ -31,59 +31,46 @@ ChooseFile ReportSaver(IDialogService& dialogs) {
     };
 }
 
+class WizardFileCommands : public IFileCommands {
+  public:
+    bool ImportQMV(clsExGlobalVars& s, ISDKMessageService& m, IDialogService& d) override {
+        return ImportQMVCommand(s, m, Opener(d));
+    }
+    bool ImportPMF(clsExGlobalVars& s, ISDKMessageService& m, IDialogService& d) override {
+        return ImportPMFCommand(s, m, Opener(d));
+    }
+    bool ImportFlowParamUI(clsExGlobalVars& s, ISDKMessageService& m, IDialogService& d) override {
+        return ImportFlowParamUICommand(s, m, Opener(d));
+    }
+    bool ImportFlowParamXmtr(clsExGlobalVars& s, ISDKMessageService& m,
+                             IDialogService& d) override {
+        return ImportFlowParamXmtrCommand(s, m, Opener(d));
+    }
+    bool ImportFlowParamMgt(clsExGlobalVars& s, ISDKMessageService& m, IDialogService& d) override {
+        return ImportFlowParamMgtCommand(s, m, Opener(d));
+    }
+    bool ExportQMV(clsExGlobalVars& s, ISDKMessageService& m, IDialogService& d) override {
+        return ExportQMVCommand(s, m, Saver(d));
+    }
+    bool ExportFlowParamUI(clsExGlobalVars& s, ISDKMessageService& m, IDialogService& d) override {
+        return ExportFlowParamUICommand(s, m, Saver(d));
+    }
+    bool ExportFlowParamXmtr(clsExGlobalVars& s, ISDKMessageService& m,
+                             IDialogService& d) override {
+        return ExportFlowParamXmtrCommand(s, m, Saver(d));
+    }
+    bool ExportFlowParamCalc(clsExGlobalVars& s, ISDKMessageService& m,
+                             IDialogService& d) override {
+        return ExportFlowParamCalcCommand(s, m, Saver(d));
+    }
+    bool Report(clsExGlobalVars& s, ISDKMessageService& m, IDialogService& d) override {
+        return ReportCommand(s, m, ReportSaver(d));
+    }
+};
+
 }  // namespace
 
-bool WizardFileCommands::ImportQMV(clsExGlobalVars& store, ISDKMessageService& messages,
-                                   IDialogService& dialogs) {
-    return ImportQMVCommand(store, messages, Opener(dialogs));
-}
-
-bool WizardFileCommands::ImportPMF(clsExGlobalVars& store, ISDKMessageService& messages,
-                                   IDialogService& dialogs) {
-    return ImportPMFCommand(store, messages, Opener(dialogs));
-}
-
-bool WizardFileCommands::ImportFlowParamUI(clsExGlobalVars& store, ISDKMessageService& messages,
-                                           IDialogService& dialogs) {
-    return ImportFlowParamUICommand(store, messages, Opener(dialogs));
-}
-
-bool WizardFileCommands::ImportFlowParamXmtr(clsExGlobalVars& store, ISDKMessageService& messages,
-                                             IDialogService& dialogs) {
-    return ImportFlowParamXmtrCommand(store, messages, Opener(dialogs));
-}
-
-bool WizardFileCommands::ImportFlowParamMgt(clsExGlobalVars& store, ISDKMessageService& messages,
-                                            IDialogService& dialogs) {
-    return ImportFlowParamMgtCommand(store, messages, Opener(dialogs));
-}
-
-bool WizardFileCommands::ExportQMV(clsExGlobalVars& store, ISDKMessageService& messages,
-                                   IDialogService& dialogs) {
-    return ExportQMVCommand(store, messages, Saver(dialogs));
-}
-
-bool WizardFileCommands::ExportFlowParamUI(clsExGlobalVars& store, ISDKMessageService& messages,
-                                           IDialogService& dialogs) {
-    return ExportFlowParamUICommand(store, messages, Saver(dialogs));
-}
-
-bool WizardFileCommands::ExportFlowParamXmtr(clsExGlobalVars& store, ISDKMessageService& messages,
-                                             IDialogService& dialogs) {
-    return ExportFlowParamXmtrCommand(store, messages, Saver(dialogs));
-}
-
-bool WizardFileCommands::ExportFlowParamCalc(clsExGlobalVars& store, ISDKMessageService& messages,
-                                             IDialogService& dialogs) {
-    return ExportFlowParamCalcCommand(store, messages, Saver(dialogs));
-}
-
-bool WizardFileCommands::Report(clsExGlobalVars& store, ISDKMessageService& messages,
-                                IDialogService& dialogs) {
-    return ReportCommand(store, messages, ReportSaver(dialogs));
-}
-
-WizardFileCommands& StandardFileCommands() {
+IFileCommands& StandardFileCommands() {
     static WizardFileCommands commands;
     return commands;
 }

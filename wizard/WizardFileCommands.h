@@ -7,31 +7,7 @@
 
 namespace qdf::wizard {
 
-class WizardFileCommands : public IFileCommands {
-  public:
-    bool ImportQMV(clsExGlobalVars& store, ISDKMessageService& messages,
-                   IDialogService& dialogs) override;
-    bool ImportPMF(clsExGlobalVars& store, ISDKMessageService& messages,
-                   IDialogService& dialogs) override;
-    bool ImportFlowParamUI(clsExGlobalVars& store, ISDKMessageService& messages,
-                           IDialogService& dialogs) override;
-    bool ImportFlowParamXmtr(clsExGlobalVars& store, ISDKMessageService& messages,
-                             IDialogService& dialogs) override;
-    bool ImportFlowParamMgt(clsExGlobalVars& store, ISDKMessageService& messages,
-                            IDialogService& dialogs) override;
-    bool ExportQMV(clsExGlobalVars& store, ISDKMessageService& messages,
-                   IDialogService& dialogs) override;
-    bool ExportFlowParamUI(clsExGlobalVars& store, ISDKMessageService& messages,
-                           IDialogService& dialogs) override;
-    bool ExportFlowParamXmtr(clsExGlobalVars& store, ISDKMessageService& messages,
-                             IDialogService& dialogs) override;
-    bool ExportFlowParamCalc(clsExGlobalVars& store, ISDKMessageService& messages,
-                             IDialogService& dialogs) override;
-    bool Report(clsExGlobalVars& store, ISDKMessageService& messages,
-                IDialogService& dialogs) override;
-};
-
 // The one instance the module installs as WizardServices().files.
-WizardFileCommands& StandardFileCommands();
+IFileCommands& StandardFileCommands();
 
 }  // namespace qdf::wizard
