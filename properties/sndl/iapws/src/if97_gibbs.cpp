@@ -33,38 +33,33 @@ State FromGibbs(const Gibbs& g, double T, double pi, double tau, double pStar) {
 // ---- Region 1: terms n (7.1 - pi)^I (tau - 1.222)^J; d/dpi = -d/dA.
 constexpr double kP1 = 16.53e6;
 constexpr double kT1 = 1386.0;
-constexpr auto kR1 = AsArray(kRegion1);
-constexpr auto kR1A = Derive(kRegion1, 1, 0);
-constexpr auto kR1AA = Derive(kRegion1, 2, 0);
-constexpr auto kR1B = Derive(kRegion1, 0, 1);
-constexpr auto kR1BB = Derive(kRegion1, 0, 2);
-constexpr auto kR1AB = Derive(kRegion1, 1, 1);
-constexpr int kR1Jlo = MinJ(kR1BB);
-constexpr int kR1Jhi = MaxJ(kR1);
+constexpr auto kR1 = DeriveAll(kRegion1);
+constexpr int kR1Jlo = MinJ(kR1.bb);
+constexpr int kR1Jhi = MaxJ(kR1.f);
 
 }  // namespace
 
 double Region1Density(double T, double p) {
     const double pi = p / kP1;
     const double tau = kT1 / T;
-    const Powers<MinI(kR1A), MaxI(kR1A)> a(7.1 - pi);
-    const Powers<MinJ(kR1A), MaxJ(kR1A)> b(tau - 1.222);
-    const double gp = -Sum(kR1A, a.zero(), b.zero());
+    const Powers<MinI(kR1.a), MaxI(kR1.a)> a(7.1 - pi);
+    const Powers<MinJ(kR1.a), MaxJ(kR1.a)> b(tau - 1.222);
+    const double gp = -Sum(kR1.a, a.zero(), b.zero());
     return kP1 / (kR * T * gp);
 }
 
 State Region1(double T, double p) {
     const double pi = p / kP1;
     const double tau = kT1 / T;
-    const Powers<0, MaxI(kR1)> a(7.1 - pi);
+    const Powers<0, MaxI(kR1.f)> a(7.1 - pi);
     const Powers<kR1Jlo, kR1Jhi> b(tau - 1.222);
     Gibbs g{};
-    g.g = Sum(kR1, a.zero(), b.zero());
-    g.gp = -Sum(kR1A, a.zero(), b.zero());
-    g.gpp = Sum(kR1AA, a.zero(), b.zero());
-    g.gt = Sum(kR1B, a.zero(), b.zero());
-    g.gtt = Sum(kR1BB, a.zero(), b.zero());
-    g.gpt = -Sum(kR1AB, a.zero(), b.zero());
+    g.g = Sum(kR1.f, a.zero(), b.zero());
+    g.gp = -Sum(kR1.a, a.zero(), b.zero());
+    g.gpp = Sum(kR1.aa, a.zero(), b.zero());
+    g.gt = Sum(kR1.b, a.zero(), b.zero());
+    g.gtt = Sum(kR1.bb, a.zero(), b.zero());
+    g.gpt = -Sum(kR1.ab, a.zero(), b.zero());
     return FromGibbs(g, T, pi, tau, kP1);
 }
 
@@ -92,21 +87,13 @@ constexpr std::array<Term, N> DeriveJ(const std::array<Term, N>& t, int b) {
 template <std::size_t NI, std::size_t NR>
 struct GasRegion {
     std::array<Term, NI> o, oT, oTT;
-    std::array<Term, NR> r, rP, rPP, rT, rTT, rPT;
+    DerivedTerms<NR> r;
 };
 
 template <std::size_t NI, std::size_t NR>
 constexpr GasRegion<NI, NR> MakeGasRegion(const IdealTerm (&ideal)[NI], const Term (&res)[NR]) {
     const auto o = IdealAsTerms(ideal);
-    return {o,
-            DeriveJ(o, 1),
-            DeriveJ(o, 2),
-            AsArray(res),
-            Derive(res, 1, 0),
-            Derive(res, 2, 0),
-            Derive(res, 0, 1),
-            Derive(res, 0, 2),
-            Derive(res, 1, 1)};
+    return {o, DeriveJ(o, 1), DeriveJ(o, 2), DeriveAll(res)};
 }
 
 constexpr auto kGas2 = MakeGasRegion(kRegion2Ideal, kRegion2Residual);
@@ -117,9 +104,9 @@ template <const auto& G>
 double GasDensity(double T, double p, double tStar, double shift) {
     const double pi = p / 1e6;
     const double tau = tStar / T;
-    const Powers<0, MaxI(G.rP)> a(pi);
-    const Powers<MinJ(G.rP), MaxJ(G.rP)> b(tau - shift);
-    const double grp = Sum(G.rP, a.zero(), b.zero());
+    const Powers<0, MaxI(G.r.a)> a(pi);
+    const Powers<MinJ(G.r.a), MaxJ(G.r.a)> b(tau - shift);
+    const double grp = Sum(G.r.a, a.zero(), b.zero());
     return p / (kR * T * (1.0 + pi * grp));
 }
 
@@ -127,17 +114,17 @@ template <const auto& G>
 State GasState(double T, double p, double tStar, double shift) {
     const double pi = p / 1e6;
     const double tau = tStar / T;
-    const Powers<0, MaxI(G.r)> a(pi);
-    const Powers<MinJ(G.rTT), MaxJ(G.r)> b(tau - shift);
+    const Powers<0, MaxI(G.r.f)> a(pi);
+    const Powers<MinJ(G.r.bb), MaxJ(G.r.f)> b(tau - shift);
     const Powers<MinJ(G.oTT), MaxJ(G.o)> c(tau);
     const double one = 1.0;
     Gibbs g{};
-    g.g = std::log(pi) + Sum(G.o, &one, c.zero()) + Sum(G.r, a.zero(), b.zero());
-    g.gp = 1.0 / pi + Sum(G.rP, a.zero(), b.zero());
-    g.gpp = -1.0 / (pi * pi) + Sum(G.rPP, a.zero(), b.zero());
-    g.gt = Sum(G.oT, &one, c.zero()) + Sum(G.rT, a.zero(), b.zero());
-    g.gtt = Sum(G.oTT, &one, c.zero()) + Sum(G.rTT, a.zero(), b.zero());
-    g.gpt = Sum(G.rPT, a.zero(), b.zero());
+    g.g = std::log(pi) + Sum(G.o, &one, c.zero()) + Sum(G.r.f, a.zero(), b.zero());
+    g.gp = 1.0 / pi + Sum(G.r.a, a.zero(), b.zero());
+    g.gpp = -1.0 / (pi * pi) + Sum(G.r.aa, a.zero(), b.zero());
+    g.gt = Sum(G.oT, &one, c.zero()) + Sum(G.r.b, a.zero(), b.zero());
+    g.gtt = Sum(G.oTT, &one, c.zero()) + Sum(G.r.bb, a.zero(), b.zero());
+    g.gpt = Sum(G.r.ab, a.zero(), b.zero());
     return FromGibbs(g, T, pi, tau, 1e6);
 }
 

@@ -12,14 +12,9 @@ namespace sndl::if97 {
 namespace {
 
 constexpr double kLog = kRegion3LogCoeff;  // coefficient of ln(delta)
-constexpr auto kF = AsArray(kRegion3);
-constexpr auto kFd = Derive(kRegion3, 1, 0);
-constexpr auto kFdd = Derive(kRegion3, 2, 0);
-constexpr auto kFt = Derive(kRegion3, 0, 1);
-constexpr auto kFtt = Derive(kRegion3, 0, 2);
-constexpr auto kFdt = Derive(kRegion3, 1, 1);
-constexpr int kImax = MaxI(kF);
-constexpr int kJmax = MaxJ(kF);
+constexpr auto kF = DeriveAll(kRegion3);   // a: delta, b: tau
+constexpr int kImax = MaxI(kF.f);
+constexpr int kJmax = MaxJ(kF.f);
 
 }  // namespace
 
@@ -30,7 +25,7 @@ double Region3Pressure(double rho, double T) {
     const Powers<0, kImax> d(delta);
     const Powers<0, kJmax> t(kTc / T);
     long double dfd = kLog;
-    for (const Term& term : kFd)
+    for (const Term& term : kF.a)
         dfd += static_cast<long double>(term.n) * d.zero()[term.I] * t.zero()[term.J] * delta;
     return static_cast<double>(rho * kR * T * dfd);
 }
@@ -40,12 +35,12 @@ State Region3(double rho, double T) {
     const double tau = kTc / T;
     const Powers<-2, kImax> d(delta);
     const Powers<-2, kJmax> t(tau);
-    const double f = kLog * std::log(delta) + Sum(kF, d.zero(), t.zero());
-    const double fd = kLog / delta + Sum(kFd, d.zero(), t.zero());
-    const double fdd = -kLog / (delta * delta) + Sum(kFdd, d.zero(), t.zero());
-    const double ft = Sum(kFt, d.zero(), t.zero());
-    const double ftt = Sum(kFtt, d.zero(), t.zero());
-    const double fdt = Sum(kFdt, d.zero(), t.zero());
+    const double f = kLog * std::log(delta) + Sum(kF.f, d.zero(), t.zero());
+    const double fd = kLog / delta + Sum(kF.a, d.zero(), t.zero());
+    const double fdd = -kLog / (delta * delta) + Sum(kF.aa, d.zero(), t.zero());
+    const double ft = Sum(kF.b, d.zero(), t.zero());
+    const double ftt = Sum(kF.bb, d.zero(), t.zero());
+    const double fdt = Sum(kF.ab, d.zero(), t.zero());
 
     const double RT = kR * T;
     const double dfd = delta * fd;
@@ -245,7 +240,7 @@ double Region3Density(double T, double p, Side side) {
     // to the last bit rather than to the noise of the sum.
     const Powers<0, kJmax> t(kTc / T);
     long double c[kImax + 1] = {};
-    for (const Term& term : kF) c[term.I] += static_cast<long double>(term.n) * t.zero()[term.J];
+    for (const Term& term : kF.f) c[term.I] += static_cast<long double>(term.n) * t.zero()[term.J];
     long double a1[kImax + 1];  // I c_I: delta f_delta = kLog + sum a1 delta^I
     double a2[kImax + 1];       // I (I - 1) c_I: delta^2 f_deltadelta = -kLog + sum a2 delta^I
     for (int i = 0; i <= kImax; ++i) {

@@ -60,29 +60,31 @@ constexpr std::array<Term, N> Derive(const Term (&t)[N], int a, int b) {
     return d;
 }
 
+// Lowest or highest exponent of a term list, never beyond 0: the range a power table covers.
+template <std::size_t N>
+constexpr int ExponentBound(const std::array<Term, N>& t, int Term::*exponent, bool lowest) {
+    int m = 0;
+    for (const Term& x : t) {
+        const int e = x.*exponent;
+        m = (lowest ? e < m : e > m) ? e : m;
+    }
+    return m;
+}
 template <std::size_t N>
 constexpr int MinI(const std::array<Term, N>& t) {
-    int m = 0;
-    for (const Term& x : t) m = x.I < m ? x.I : m;
-    return m;
+    return ExponentBound(t, &Term::I, true);
 }
 template <std::size_t N>
 constexpr int MaxI(const std::array<Term, N>& t) {
-    int m = 0;
-    for (const Term& x : t) m = x.I > m ? x.I : m;
-    return m;
+    return ExponentBound(t, &Term::I, false);
 }
 template <std::size_t N>
 constexpr int MinJ(const std::array<Term, N>& t) {
-    int m = 0;
-    for (const Term& x : t) m = x.J < m ? x.J : m;
-    return m;
+    return ExponentBound(t, &Term::J, true);
 }
 template <std::size_t N>
 constexpr int MaxJ(const std::array<Term, N>& t) {
-    int m = 0;
-    for (const Term& x : t) m = x.J > m ? x.J : m;
-    return m;
+    return ExponentBound(t, &Term::J, false);
 }
 
 // Sum of c x^I y^J over a term list, with xp[k] = x^k and yp[k] = y^k. Four partial sums keep
@@ -106,6 +108,19 @@ constexpr std::array<Term, N> AsArray(const Term (&t)[N]) {
     std::array<Term, N> a{};
     for (std::size_t i = 0; i < N; ++i) a[i] = t[i];
     return a;
+}
+
+// A term list with its partial derivatives up to the second order; a is the first variable
+// (pi or delta), b the second (tau).
+template <std::size_t N>
+struct DerivedTerms {
+    std::array<Term, N> f, a, aa, b, bb, ab;
+};
+
+template <std::size_t N>
+constexpr DerivedTerms<N> DeriveAll(const Term (&t)[N]) {
+    return {AsArray(t),      Derive(t, 1, 0), Derive(t, 2, 0),
+            Derive(t, 0, 1), Derive(t, 0, 2), Derive(t, 1, 1)};
 }
 
 }  // namespace sndl::if97
