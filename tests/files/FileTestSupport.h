@@ -6,6 +6,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <deque>
@@ -14,6 +15,7 @@
 #include <iterator>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "SDKFrame.h"
@@ -50,13 +52,36 @@ class FakeFrame : public ISDKManager, public ISDKMessageService {
     }
 };
 
+// got[from...] against an expected text under tests/files/data, one line per line ('#' lines at
+// its top say what it is); each difference names the data file's line. whole: got must also end
+// where the file ends.
+inline void ExpectDataLines(const std::vector<std::string>& got, const std::string& name,
+                            std::size_t from = 0, bool whole = true) {
+    std::ifstream in(std::string(QDF_SOURCE_DIR) + "/tests/files/data/" + name);
+    ASSERT_TRUE(in) << "cannot open " << name;
+    std::vector<std::pair<int, std::string>> want;
+    std::string line;
+    for (int number = 1; std::getline(in, line); ++number)
+        if (!want.empty() || line.empty() || line[0] != '#') want.emplace_back(number, line);
+    ASSERT_FALSE(want.empty()) << name;
+    std::size_t i = from;
+    for (const auto& [number, text] : want) {
+        ASSERT_LT(i, got.size()) << name << ":" << number << " missing: " << text;
+        EXPECT_EQ(got[i++], text) << name << ":" << number;
+    }
+    if (whole) {
+        EXPECT_EQ(got.size(), i) << name << ": more lines than expected";
+    }
+}
+
 class FileTest : public ::testing::Test {
   protected:
     void SetUp() override {
         const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-        dir_ = std::filesystem::temp_directory_path() /
-               (std::string("qdf_files_") + info->test_suite_name() + "_" + info->name() + "_" +
-                std::to_string(::getpid()));
+        std::string name = std::string("qdf_files_") + info->test_suite_name() + "_" +
+                           info->name() + "_" + std::to_string(::getpid());
+        std::replace(name.begin(), name.end(), '/', '_');  // parameterised test names
+        dir_ = std::filesystem::temp_directory_path() / name;
         std::filesystem::remove_all(dir_);
         std::filesystem::create_directories(dir_);
         ::setenv("QDF_LOG_DIR", dir_.string().c_str(), 1);

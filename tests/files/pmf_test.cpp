@@ -2,18 +2,30 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <map>
+#include <optional>
+#include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
-#include <map>
-#include <set>
-
+#include "../common/DataTable.h"
 #include "FileTestSupport.h"
 #include "ModImportPMF.h"
 
 namespace {
 
 using qdf::Value;
+namespace testdata = qdf::testdata;
+
+std::vector<std::string> Lines(const std::string& path) {
+    std::ifstream in(path);
+    if (!in) throw std::runtime_error("cannot open " + path);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
 
 struct Written {
     std::string menu, parameter;
@@ -64,151 +76,79 @@ class PmfImport : public qdf::test::FileTest {
     WritingFrame device;
 };
 
+// A value of the data tables by its kind: i16, i32, f32, f64, bool or str.
+Value DataValue(const testdata::Row& r) {
+    const std::string& kind = r.text("kind");
+    if (kind == "i16") return Value(static_cast<std::int16_t>(r.integer("value")));
+    if (kind == "i32") return Value(r.integer("value"));
+    if (kind == "f32") return Value(static_cast<float>(r.num("value")));
+    if (kind == "f64") return Value(r.num("value"));
+    if (kind == "str") return Value(r.text("value"));
+    if (kind == "bool" && (r.text("value") == "true" || r.text("value") == "false"))
+        return Value(r.text("value") == "true");
+    throw std::invalid_argument(r.where() + ": kind " + kind);
+}
+
+class PmfValueText : public ::testing::TestWithParam<testdata::Row> {};
+
 // Detects: a wrong type for a type name, integers rounded the wrong way at .5, a value text
 // with commas cut at its first comma, out-of-range values passed on instead of dropped,
 // untrimmed parts, an unknown or missing type name losing the text.
-TEST_F(PmfImport, ValueTextsConvertByTheirTypeName) {
-    using qdf::ParsePmfValue;
-    EXPECT_EQ(ParsePmfValue(" 12 , vbInteger"), Value(std::int16_t{12}));
-    EXPECT_EQ(ParsePmfValue("2.5,vbInteger"), Value(std::int16_t{2}));
-    EXPECT_EQ(ParsePmfValue("3.5,vbInteger"), Value(std::int16_t{4}));
-    EXPECT_EQ(ParsePmfValue("-32768,vbInteger"), Value(std::int16_t{-32768}));
-    EXPECT_EQ(ParsePmfValue("32768,vbInteger"), std::nullopt);
-    EXPECT_EQ(ParsePmfValue("70000,vbLong"), Value(std::int32_t{70000}));
-    EXPECT_EQ(ParsePmfValue("255,vbByte"), Value(std::int16_t{255}));
-    EXPECT_EQ(ParsePmfValue("256,vbByte"), std::nullopt);
-    EXPECT_EQ(ParsePmfValue("-1,vbByte"), std::nullopt);
-    EXPECT_EQ(ParsePmfValue("250.5,vbSingle"), Value(250.5f));
-    EXPECT_EQ(ParsePmfValue("1e39,vbSingle"), std::nullopt);
-    EXPECT_EQ(ParsePmfValue("1e3,vbDouble"), Value(1000.0));
-    EXPECT_EQ(ParsePmfValue("101.3,vbDecimal"), Value(101.3));
-    EXPECT_EQ(ParsePmfValue("1.23456,vbCurrency"), Value(1.2346));
-    EXPECT_EQ(ParsePmfValue("True,vbBoolean"), Value(true));
-    EXPECT_EQ(ParsePmfValue("false,vbBoolean"), Value(false));
-    EXPECT_EQ(ParsePmfValue("0,vbBoolean"), Value(false));
-    EXPECT_EQ(ParsePmfValue("yes,vbBoolean"), std::nullopt);
-    EXPECT_EQ(ParsePmfValue("abc,vbDouble"), std::nullopt);
-    EXPECT_EQ(ParsePmfValue(",vbInteger"), std::nullopt);
-    EXPECT_EQ(ParsePmfValue("2024-03-05,vbDate"), Value("2024-03-05"));
-    EXPECT_EQ(ParsePmfValue("LINE 4, NORTH ,vbString"), Value("LINE 4, NORTH"));
-    EXPECT_EQ(ParsePmfValue("  no type  "), Value("no type"));
-    EXPECT_EQ(ParsePmfValue("LINE 4, NORTH"), Value("LINE 4, NORTH"));
-    EXPECT_EQ(ParsePmfValue(""), Value(""));
+TEST_P(PmfValueText, ConvertsByItsTypeName) {
+    const testdata::Row& r = GetParam();
+    const std::optional<Value> got = qdf::ParsePmfValue(r.text("text"));
+    if (r.text("kind") == "none") {
+        EXPECT_EQ(got, std::nullopt);
+    } else {
+        EXPECT_EQ(got, DataValue(r));
+    }
 }
+INSTANTIATE_TEST_SUITE_P(Table, PmfValueText,
+                         ::testing::ValuesIn(testdata::Load("tests/files/data/pmf_values.csv")),
+                         testdata::RowName);
 
 // Detects: a name of the table that a file key cannot reach (a typo in a short key), a wrong
-// cut length, keys shorter than five characters matching something.
+// cut length, a parameter under the wrong menu, keys shorter than five characters matching.
 TEST_F(PmfImport, EveryParameterIsReachedWithEitherPrefixLength) {
-    const char* names[] = {"pressure_units",
-                           "pressure_lower_range_value",
-                           "pressure_upper_range_value",
-                           "pressure_damping_value",
-                           "low_cut_point",
-                           "low_cut_mode",
-                           "hl_swap",
-                           "ao_lower_limit",
-                           "ao_upper_limit",
-                           "static_pressure_units",
-                           "ag_select_mode",
-                           "atm_pres_value",
-                           "sp_lrv",
-                           "sp_urv",
-                           "sp_damp",
-                           "sp_hl_select",
-                           "et_units",
-                           "et_lrv",
-                           "et_urv",
-                           "et_damp",
-                           "flow_units",
-                           "flow_lrv",
-                           "flow_urv",
-                           "flow_damp",
-                           "total_flow_units",
-                           "engr_exp",
-                           "engr_disp_lrv",
-                           "engr_disp_urv",
-                           "engr_disp_point",
-                           "engr_disp_unit",
-                           "disp_out_1",
-                           "disp_out_2",
-                           "disp_out_3",
-                           "disp_out_4",
-                           "disp_percent_reso",
-                           "pres_disp_point",
-                           "sp_disp_point",
-                           "et_disp_point",
-                           "flow_disp_point",
-                           "total_flow_disp_point",
-                           "bar_indicator",
-                           "tag",
-                           "date",
-                           "descriptor",
-                           "message",
-                           "final_assembly_number"};
-    ASSERT_EQ(std::size(names), 46u);
-    for (const char* name : names) {
+    const auto rows = testdata::Load("tests/files/data/pmf_parameters.csv");
+    ASSERT_EQ(rows.size(), 46u);
+    for (const testdata::Row& r : rows) {
         for (const std::string prefix : {"P01", "P001"}) {
-            const auto target = qdf::LookUpPmfKey(prefix + name);
-            ASSERT_TRUE(target) << prefix + name;
-            EXPECT_EQ(target->parameter, name);
+            const auto target = qdf::LookUpPmfKey(prefix + r.text("parameter"));
+            ASSERT_TRUE(target) << r.where() << " " << prefix;
+            EXPECT_EQ(target->parameter, r.text("parameter"));
+            if (r.has("group")) {
+                EXPECT_EQ(target->group, r.text("group")) << r.where();
+            }
         }
     }
-    EXPECT_EQ(qdf::LookUpPmfKey("P01atm_pres_value")->group, "qdf_menu_sp_setup");
-    EXPECT_EQ(qdf::LookUpPmfKey("P01sp_lrv")->group, "qdf_menu_dummy");
-    EXPECT_EQ(qdf::LookUpPmfKey("P01flow_units")->group, "upload_variables");
     EXPECT_FALSE(qdf::LookUpPmfKey("P01unknown_param"));
     EXPECT_FALSE(qdf::LookUpPmfKey("P01tag_name"));
     EXPECT_FALSE(qdf::LookUpPmfKey("Ptag"));
     EXPECT_FALSE(qdf::LookUpPmfKey("P01t"));
 }
 
-const char* kPmfText =
-    "; written by a device tool\r\n"
-    "Model=QDF300\r\n"
-    "[Device]\r\n"
-    "P000pressure_units=99,vbInteger\r\n"
-    "[Parameters]\r\n"
-    "001pressure_units=12,vbInteger\r\n"
-    "0012pressure_upper_range_value= 250.5 , vbSingle\r\n"
-    "002low_cut_point=2.5,vbInteger\r\n"
-    "abc=1,vbInteger\r\n"
-    "003tag=FT-101,vbString\r\n"
-    "004date=2024-03-05,vbDate\r\n"
-    "005descriptor=LINE 4, NORTH,vbString\r\n"
-    "006message=no type here\r\n"
-    "007final_assembly_number=123456,vbLong\r\n"
-    "008hl_swap=True,vbBoolean\r\n"
-    "009bar_indicator=256,vbByte\r\n"
-    "010sp_lrv=abc,vbDouble\r\n"
-    "011unknown_param=5,vbInteger\r\n"
-    "012atm_pres_value=101.3,vbDecimal\r\n"
-    "013flow_units=57,vbInteger\r\n"
-    "014et_units=32,vbInteger\r\n";
-
 // Detects: entries of other sections imported, file order lost, the identification parameters
 // left out, a refused or unknown parameter stopping the import, unknown keys or bad values
 // written, the store touched.
 TEST_F(PmfImport, WritesKnownEntriesOfParametersInFileOrder) {
+    // Device tools write CR LF lines.
+    std::string text;
+    for (const std::string& line : Lines(QDF_SOURCE_DIR "/tests/files/data/device.pmf"))
+        text += line + "\r\n";
     const std::string path = Path("device.PMF");
-    WriteText(path, kPmfText);
+    WriteText(path, text);
     device.unknown = {"flow_units"};  // a device revision without it
     device.refused = {"hl_swap"};     // the frame refuses this one
     store.Xmtr_Tag = "OLD";
 
     EXPECT_EQ(qdf::ImportPMFFile(store, path), 0);
-    EXPECT_EQ(device.writes,
-              (std::vector<Written>{
-                  {"qdf_menu_dummy", "pressure_units", Value(std::int16_t{12})},
-                  {"qdf_menu_dummy", "pressure_upper_range_value", Value(250.5f)},
-                  {"upload_variables", "low_cut_point", Value(std::int16_t{2})},
-                  {"upload_variables", "tag", Value("FT-101")},
-                  {"upload_variables", "date", Value("2024-03-05")},
-                  {"upload_variables", "descriptor", Value("LINE 4, NORTH")},
-                  {"upload_variables", "message", Value("no type here")},
-                  {"upload_variables", "final_assembly_number", Value(std::int32_t{123456})},
-                  {"qdf_menu_sp_setup", "atm_pres_value", Value(101.3)},
-                  {"upload_variables", "et_units", Value(std::int16_t{32})},
-              }));
+    const auto rows = testdata::Load("tests/files/data/pmf_writes.csv");
+    ASSERT_EQ(device.writes.size(), rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        EXPECT_EQ(device.writes[i],
+                  (Written{rows[i].text("menu"), rows[i].text("parameter"), DataValue(rows[i])}))
+            << rows[i].where();
     EXPECT_EQ(store.Xmtr_Tag, "OLD");
     EXPECT_TRUE(device.shown.empty());
 }

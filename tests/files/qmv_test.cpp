@@ -1,5 +1,5 @@
-// The QMV file against a layout written out here from the block tables, independently of the
-// reader's and writer's own tables.
+// The QMV file against a layout kept in data/qmv_layout.csv, independently of the reader's and
+// writer's own tables.
 
 #include <gtest/gtest.h>
 
@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "../common/DataTable.h"
 #include "FileTestSupport.h"
 #include "ModBinary.h"
 #include "ModDefaults.h"
@@ -15,193 +16,24 @@
 namespace qdf::test {
 namespace {
 
-// S string, I 32-bit integer, H 16-bit integer, D double, N double member kept as an integer,
-// X the unused slot of block 1.
 struct Col {
-    char type;
-    const char* member;
+    char type;  // as in data/qmv_layout.csv
+    std::string member;
 };
 
-const std::vector<Col> kBlock1 = {{'S', "Mgt_ProgramName"},
-                                  {'S', "Mgt_SoftRevNO"},
-                                  {'S', "Mgt_FileFormatRevNo"},
-                                  {'S', "Mgt_ConfDate"},
-                                  {'S', "Mgt_UserName"},
-                                  {'X', ""},
-                                  {'I', "Mgt_ConfigCompleteFlag"},
-                                  {'I', "Mgt_OnlineModeFlag"},
-                                  {'I', "Mgt_DisplayCurrentValueFlag"},
-                                  {'I', "Mgt_MtdGasVisCalc"},
-                                  {'I', "Mgt_MtdIsenExpCalc"},
-                                  {'I', "Mgt_GasDensDiv"},
-                                  {'I', "Mgt_GasDensTempDiv"},
-                                  {'I', "Mgt_GasDensPressDiv"},
-                                  {'I', "Mgt_LqdDensTempDiv"},
-                                  {'I', "Mgt_GasVisTempDiv"},
-                                  {'I', "Mgt_LqdVisTempDiv"},
-                                  {'I', "Mgt_GasExpFacDiv"},
-                                  {'I', "Mgt_FldCommType"},
-                                  {'I', "Mgt_HrtCommtype"},
-                                  {'S', "Mgt_DbName"},
-                                  {'I', "Mgt_PollAddr"},
-                                  {'S', "Mgt_LongAddr"},
-                                  {'I', "Mgt_DigLen"},
-                                  {'I', "Mgt_MtdAirGasDensityCalculation"},
-                                  {'I', "Mgt_Reserve1"},
-                                  {'I', "Mgt_Reserve2"},
-                                  {'I', "Mgt_Reserve3"},
-                                  {'I', "Mgt_Reserve4"},
-                                  {'I', "Mgt_Reserve5"},
-                                  {'I', "Mgt_Reserve6"},
-                                  {'I', "Mgt_Reserve7"},
-                                  {'I', "Mgt_Reserve8"},
-                                  {'I', "Mgt_Reserve9"},
-                                  {'I', "Mgt_Reserve10"},
-                                  {'S', "Mgt_CfgSoftRev"},
-                                  {'S', "Mgt_Reserve12"},
-                                  {'S', "Mgt_Reserve13"},
-                                  {'S', "Mgt_Reserve14"},
-                                  {'S', "Mgt_Reserve15"},
-                                  {'S', "Mgt_Reserve16"},
-                                  {'S', "Mgt_Reserve17"},
-                                  {'S', "Mgt_Reserve18"},
-                                  {'S', "Mgt_Reserve19"},
-                                  {'S', "Mgt_Reserve20"}};
-
-// The block 1 members a read leaves to the session.
-const std::vector<std::string> kNotReadBack = {"Mgt_ProgramName",     "Mgt_SoftRevNO",
-                                               "Mgt_FileFormatRevNo", "Mgt_ConfDate",
-                                               "Mgt_UserName",        "Mgt_ConfigCompleteFlag",
-                                               "Mgt_OnlineModeFlag",  "Mgt_DisplayCurrentValueFlag",
-                                               "Mgt_FldCommType",     "Mgt_HrtCommtype",
-                                               "Mgt_DbName",          "Mgt_PollAddr",
-                                               "Mgt_LongAddr",        "Mgt_DigLen",
-                                               "Mgt_CfgSoftRev"};
-
-std::vector<Col> Block2() {
-    std::vector<Col> b = {{'I', "UI_NeverUsedRecord"},
-                          {'I', "UI_PEType"},
-                          {'S', "UI_PEName"},
-                          {'D', "UI_PEDiameter"},
-                          {'I', "UI_PEDiameterUnit"},
-                          {'D', "UI_PETemp"},
-                          {'I', "UI_PETempUnit"},
-                          {'S', "UI_PEMaterial"},
-                          {'D', "UI_PEPipeDiameter"},
-                          {'I', "UI_PEPipeDiameterUnit"},
-                          {'D', "UI_PipeTemperature"},
-                          {'I', "UI_PipeTemperatureUnit"},
-                          {'S', "UI_PipeMaterial"},
-                          {'I', "UI_FluidType"},
-                          {'I', "UI_FluidCat"},
-                          {'S', "UI_FluidName"},
-                          {'S', "UI_ChemID"},
-                          {'D', "UI_DtlTotalMole"},
-                          {'D', "UI_DtlMethaneMole"},
-                          {'D', "UI_DtlN2Mole"},
-                          {'D', "UI_DtlCO2Mole"},
-                          {'D', "UI_DtlEthaneMole"},
-                          {'D', "UI_DtlPropaneMole"},
-                          {'D', "UI_DtlWaterMole"},
-                          {'D', "UI_DtlH2SMole"},
-                          {'D', "UI_DtlH2Mole"},
-                          {'D', "UI_DtlCOMole"},
-                          {'D', "UI_DtlO2Mole"},
-                          {'D', "UI_DtlIsobutaneMole"},
-                          {'D', "UI_DtlButaneMole"},
-                          {'D', "UI_DtlIsoPentaneMole"},
-                          {'D', "UI_DtlPentaneMole"},
-                          {'D', "UI_DtlHexaneMole"},
-                          {'D', "UI_DtlHeptaneMole"},
-                          {'D', "UI_DtlOctaneMole"},
-                          {'D', "UI_DtlNonaneMole"},
-                          {'D', "UI_DtlDecaneMole"},
-                          {'D', "UI_DtlHe4Mole"},
-                          {'D', "UI_DtlArMole"},
-                          {'D', "UI_RgRelDens"},
-                          {'D', "UI_CO2Mole"},
-                          {'D', "UI_VgHv"},
-                          {'I', "UI_VgHvUnit"},
-                          {'D', "UI_N2Mole"},
-                          {'D', "UI_H2Mole"},
-                          {'D', "UI_COMole"},
-                          {'D', "UI_RangeP1"},
-                          {'D', "UI_RangeP2"},
-                          {'I', "UI_RangePUnit"},
-                          {'D', "UI_RangeT1"},
-                          {'D', "UI_RangeT2"},
-                          {'H', "UI_RangeTUnit"},
-                          {'D', "UI_PressRef"},
-                          {'I', "UI_PressRefUnit"},
-                          {'D', "UI_TempRef"},
-                          {'I', "UI_TempRefUnit"},
-                          {'I', "UI_DensUnit"},
-                          {'I', "UI_ViscUnit"},
-                          {'D', "UI_RefDensValue"},
-                          {'I', "UI_RefDensUnit"},
-                          {'D', "UI_IsenExpValue"},
-                          {'D', "UI_PEDiameterStandard"},
-                          {'D', "UI_PETempStandard"},
-                          {'D', "UI_PEPipeDiameterStandard"},
-                          {'D', "UI_PEPipeTempStandard"},
-                          {'D', "UI_VgHvStandard"},
-                          {'D', "UI_RangeP1Standard"},
-                          {'D', "UI_RangeP2Standard"},
-                          {'D', "UI_RangeT1Standard"},
-                          {'D', "UI_RangeT2Standard"},
-                          {'D', "UI_PressRefStandard"},
-                          {'D', "UI_TempRefStandard"},
-                          {'I', "UI_PEPrimaryDeviceCode"},
-                          {'I', "UI_PESubcode"},
-                          {'I', "UI_FluidNameMethodCode"},
-                          {'I', "UI_AtmPressUnit"}};
-    static const char* reserves[] = {
-        "UI_Reserve5",  "UI_Reserve6",  "UI_Reserve7",  "UI_Reserve8",
-        "UI_Reserve9",  "UI_Reserve10", "UI_Reserve11", "UI_Reserve12",
-        "UI_Reserve13", "UI_Reserve14", "UI_Reserve15", "UI_Reserve16",
-        "UI_Reserve17", "UI_Reserve18", "UI_Reserve19", "UI_Reserve20"};
-    for (int i = 0; i < 16; ++i) b.push_back({i < 6 ? 'I' : 'S', reserves[i]});
-    for (const char* m :
-         {"UI_PEDisCoeff", "UI_PEGasExpFac", "UI_AtmPress", "UI_AtmPressStandard", "UI_MolWeight",
-          "UI_Reserve26", "UI_Reserve27", "UI_Reserve28", "UI_Reserve29", "UI_Reserve30"})
-        b.push_back({'D', m});
-    return b;
+const std::vector<testdata::Row>& LayoutRows() {
+    static const std::vector<testdata::Row> rows =
+        testdata::Load("tests/files/data/qmv_layout.csv");
+    return rows;
 }
 
-std::vector<Col> Block9() {
-    std::vector<Col> b = {{'I', "Xmtr_PDCode"},
-                          {'I', "Xmtr_FluidTypeCode"},
-                          {'I', "Xmtr_DensUnitCode"},
-                          {'I', "Xmtr_PDLenUnitCode"},
-                          {'D', "Xmtr_PriDevTherExpFac"},
-                          {'D', "Xmtr_PipeTherExpFac"},
-                          {'I', "Xmtr_LenUnitCode"},
-                          {'D', "Xmtr_Smalld"},
-                          {'D', "Xmtr_BigD"},
-                          {'I', "Xmtr_TempUnitCode"},
-                          {'D', "Xmtr_TSmallD"},
-                          {'D', "Xmtr_TBigD"},
-                          {'I', "Xmtr_RefDensUnitCode"},
-                          {'D', "Xmtr_VolFlowBaseDens"},
-                          {'I', "Xmtr_SimpleFlowCalcMode"},
-                          {'I', "Xmtr_SimpleFluidTypeCode"},
-                          {'D', "Xmtr_SimpleFlowCalcFixedVar"},
-                          {'I', "Xmtr_SimpleStaticPressUnit"},
-                          {'N', "Xmtr_NeverUse"},
-                          {'I', "Xmtr_SimpleTempUnit"},
-                          {'D', "Xmtr_SimpleRefTemp"},
-                          {'D', "Xmtr_SimpleTempK1ForLqdVar"},
-                          {'D', "Xmtr_SimpleDensityBase"}};
-    // Names built once and kept: Col holds plain pointers.
-    static const std::vector<std::string> reserves = [] {
-        std::vector<std::string> r;
-        for (int i = 1; i <= 30; ++i) r.push_back("Xmtr_Reserve" + std::to_string(i));
-        return r;
-    }();
-    for (int i = 1; i <= 10; ++i) b.push_back({'I', reserves[i - 1].c_str()});
-    b.push_back({'D', "Xmtr_SimpleRefStaticPress"});
-    for (int i = 12; i <= 30; ++i) b.push_back({i <= 20 ? 'D' : 'S', reserves[i - 1].c_str()});
-    return b;
+// One scalar block of the layout, in file order.
+std::vector<Col> Layout(int block) {
+    std::vector<Col> cols;
+    for (const testdata::Row& r : LayoutRows())
+        if (r.integer("block") == block) cols.push_back({r.text("type").at(0), r.text("member")});
+    EXPECT_FALSE(cols.empty()) << block;
+    return cols;
 }
 
 // Builds a file field by field and remembers what each member must read back as.
@@ -228,7 +60,7 @@ class QmvBuilder {
     void Block(const std::vector<Col>& cols, const std::string& revision, std::int32_t slot) {
         for (const Col& c : cols) {
             const int n = static_cast<int>(scalars.size() + elements.size());
-            const std::string name = c.member;
+            const std::string& name = c.member;
             switch (c.type) {
                 case 'S': {
                     const std::string text =
@@ -269,15 +101,15 @@ class QmvBuilder {
 
     static QmvBuilder Full(const std::string& revision, std::int32_t slot = 0) {
         QmvBuilder b;
-        b.Block(kBlock1, revision, slot);
-        b.Block(Block2(), revision, slot);
+        b.Block(Layout(1), revision, slot);
+        b.Block(Layout(2), revision, slot);
         b.Rows({"UI_ViscTemp", "UI_VisPress", "UI_Visc"}, 32);
         b.Rows({"UI_DensAbsPress", "UI_DensTemp", "UI_Dens"}, 256);
         b.Rows({"Xmtr_DisCoeff"}, 6);
         b.Rows({"Xmtr_ExpFac"}, 6);
         b.Rows({"Xmtr_VisCoeff"}, 6);
         b.Rows({"Xmtr_DensCoeff"}, 18);
-        b.Block(Block9(), revision, slot);
+        b.Block(Layout(9), revision, slot);
         return b;
     }
 
@@ -289,7 +121,9 @@ class QmvBuilder {
 };
 
 bool IsNotReadBack(const std::string& m) {
-    return std::find(kNotReadBack.begin(), kNotReadBack.end(), m) != kNotReadBack.end();
+    for (const testdata::Row& r : LayoutRows())
+        if (r.text("member") == m) return r.integer("kept") == 1;
+    return false;
 }
 
 class QmvTest : public FileTest {
