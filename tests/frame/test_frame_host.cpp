@@ -10,22 +10,15 @@
 #include <string>
 #include <vector>
 
-#include "FrameHost.h"
+#include "FrameTestSupport.h"
 
 namespace qdf::frame {
 namespace {
 
 using namespace qdf::sdk;
 
-FrameDevice Demo(const char* file) {
-    QString error;
-    auto d = FrameDevice::Load(QString(QDF_SOURCE_DIR "/data/devices/") + file, &error);
-    if (!d) ADD_FAILURE() << error.toStdString();
-    return d ? std::move(*d) : FrameDevice{};
-}
-
 // Records the frame's calls; observes the temperature unit and asks to close on request.
-class FakeModule : public ISDKModule, public ISDKObserverCallback {
+class FakeModule : public StubModule, public ISDKObserverCallback {
   public:
     std::vector<std::string> calls;
     std::vector<Value> units;
@@ -58,16 +51,6 @@ class FakeModule : public ISDKModule, public ISDKObserverCallback {
     }
     std::int32_t ISDKModule_QueryDestroyModule(const std::string&) override { return 4; }
     void ISDKModule_Disconnect() override { calls.push_back("Disconnect"); }
-    Value ISDKModule_GetModuleKey() override { return {}; }
-    void ISDKModule_SetPersistentData(const Value&) override {}
-    Value ISDKModule_GetPersistentData() override { return {}; }
-    void ISDKModule_LockGUI() override {}
-    void ISDKModule_UnlockGUI() override {}
-    std::int16_t ISDKModule_OnIdle(std::int32_t) override { return 0; }
-    std::int16_t ISDKModule_OnFdtPrint(const std::string&) override { return 0; }
-    std::int16_t ISDKModule_OnPrint(const Value&, std::int32_t) override { return 0; }
-    void ISDKModule_OnLanguageIDChange(const std::string&) override {}
-    void* View() override { return nullptr; }
     void ISDKObserverCallback_Update(std::int32_t, const Value& v) override { units.push_back(v); }
 };
 

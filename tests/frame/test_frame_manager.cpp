@@ -8,8 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "FrameHost.h"
+#include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "FrameManager.h"
+#include "FrameTestSupport.h"
 #include "ModDownload.h"
 #include "clsAsyncStatus.h"
 #include "clsExGlobalVars.h"
@@ -18,13 +20,6 @@ namespace qdf::frame {
 namespace {
 
 using namespace qdf::sdk;
-
-FrameDevice Demo(const char* file) {
-    QString error;
-    auto d = FrameDevice::Load(QString(QDF_SOURCE_DIR "/data/devices/") + file, &error);
-    if (!d) ADD_FAILURE() << error.toStdString();
-    return d ? std::move(*d) : FrameDevice{};
-}
 
 struct Recorder : ISDKObserverCallback {
     std::vector<std::pair<std::int32_t, Value>> updates;
@@ -50,31 +45,15 @@ TEST(FrameManager, LookupsFollowTheDeviceDescriptionAndTheBus) {
     // Catches a frame that invents variables (the load would wait for them), or lacks the user
     // parameters or a name the wizard looks up on that bus.
     ScriptedMessageService msgs;
-    FrameDevice hart = Demo("qdf300_hart.json");
-    FrameManager mh(hart, {2, "anna"}, msgs);
-    for (const char* n : {"__DDC__FDTUserLevel", "__DDC__FDTUserName", "tag", "fluid_type",
-                          "ref_sp", "ref_temp", "static_pressure_units", "temp_k1", "et_units",
-                          "flow_calc_mode", "simple_dens_base", "flow_calc_fixed"})
-        EXPECT_NE(mh.FindVariable(kVariableKindParameter, n), nullptr) << n;
-    EXPECT_EQ(mh.FindVariable(kVariableKindParameter, ""), nullptr);
-    EXPECT_EQ(mh.FindVariable(kVariableKindParameter, "no_such_parameter"), nullptr);
-    EXPECT_EQ(mh.FindVariable(2, "tag"), nullptr);
-
-    FrameDevice ff = Demo("qdf300_ffh1.json");
-    FrameManager mf(ff, {2, "anna"}, msgs);
-    const std::string b = "FLOW_TRANSDUCER_BLOCK.0.";
-    for (const std::string& n :
-         {std::string("__DDC_ADDONS.0.__DDC__FDTUSERLEVEL"), std::string("__DDC__FDTUserName"),
-          std::string("__DDC_ADDONS.0.PD_TAG"), b + "FLUID_TYPE_CODE", b + "REF_STATIC_PRESSURE",
-          b + "REF_EXT_TEMPERATURE", b + "STATIC_PRESSURE_UNIT", b + "TEMP_K1_FOR_LIQUID",
-          b + "EXT_TEMPERATURE_UNIT", b + "FLOW_CALCULATION_MODE", b + "CONFIG_DATE",
-          b + "CONFIG_OSTRING32", b + "CONFIG_SOFT_REV", b + "CONFIG_VSTRING16.ENTRY1",
-          b + "CONFIG_VSTRING16.ENTRY2", b + "CONFIG_VSTRING32", b + "CONFIG_WHO",
-          b + "FIXED_FLOW_VALUE"})
-        EXPECT_NE(mf.FindVariable(kVariableKindParameter, n), nullptr) << n;
-    // HART-only names drop out of a Fieldbus load.
-    for (const char* n : {"static_pressure_units", "simple_dens_base", "__DDC__FDTUserLevel"})
-        EXPECT_EQ(mf.FindVariable(kVariableKindParameter, n), nullptr) << n;
+    for (const testdata::Row& r : testdata::Load("tests/frame/data/lookups.csv")) {
+        FrameDevice device = Demo(r.text("device").c_str());
+        FrameManager m(device, {2, "anna"}, msgs);
+        EXPECT_EQ(m.FindVariable(kVariableKindParameter, r.text("name")) != nullptr,
+                  r.integer("found") == 1)
+            << r.where();
+        // Only parameters are looked up by name.
+        EXPECT_EQ(m.FindVariable(2, "tag"), nullptr);
+    }
 }
 
 TEST(FrameManager, ObservationDeliversAtOnceThenChangesUntilStopped) {
@@ -151,30 +130,7 @@ TEST(FrameManager, EveryDownloadListLandsCompletelyInTheDemoDevices) {
         s.SDKManager = &m;
         s.BusID = c.bus;
         s.Xmtr_SimpleFlowCalcMode = c.mode;
-        s.Xmtr_SimpleStaticPressUnit = 7;
-        s.Xmtr_SimpleTempUnit = 33;
-        s.XmtrFF_FtbStaticPressUnit = 1137;
-        s.XmtrFF_FtbTempUnitCode = 1002;
-        s.Xmtr_SimpleRefStaticPress = 3.5;
-        s.Xmtr_SimpleFluidTypeCode = 2;
-        s.Xmtr_SimpleFlowCalcFixedVar = 0.5;
-        s.Xmtr_SimpleRefTemp = 1.0;
-        s.Xmtr_SimpleTempK1ForLqdVar = 0.0;
-        s.Xmtr_SimpleDensityBase = 1.0;
-        for (int i = 0; i < 19; ++i) s.Xmtr_DensCoeff[i] = 0.5 + i;
-        s.Xmtr_PDCode = 2;
-        s.Xmtr_FluidTypeCode = 2;
-        s.Xmtr_DensUnitCode = 92;
-        s.Xmtr_PDLenUnitCode = 49;
-        s.Xmtr_LenUnitCode = 49;
-        s.Xmtr_RefDensUnitCode = 92;
-        s.XmtrFF_FtbDensUnitCode = 1097;
-        s.XmtrFF_FtbLenUnitCode = 1013;
-        s.UI_PETempStandard = 293.15;
-        s.UI_PEPipeTempStandard = 293.15;
-        s.HART_SimpleTempUnitSave = 32;
-        s.FF_FtbTempUnitCodeSave = 1001;
-        s.Xmtr_CONFIG_WHO = "Maintenance";
+        testdata::ApplyMembers(s, "tests/frame/data/download_store.json");
         qdf::host::DownloadToFrame(s);
         EXPECT_EQ(m.Writes().size(), c.writes);
         EXPECT_EQ(dev.writes.size(), c.writes);

@@ -15,8 +15,8 @@
 #include <utility>
 #include <vector>
 
-#include "FrameHost.h"
 #include "FrameScript.h"
+#include "FrameTestSupport.h"
 
 // The wizard's page base class, which the frame knows only by its name.
 class ctlPage : public QWidget {
@@ -32,7 +32,7 @@ using namespace qdf::sdk;
 
 // Two pages that both have a cmdNext; the second holds a box, a list, a grid, a question and a
 // close button; the module has a menu command that asks for a file.
-class PagesModule : public QWidget, public ISDKModule {
+class PagesModule : public QWidget, public StubModule {
   public:
     ctlPage* first;
     ctlPage* second;
@@ -77,19 +77,6 @@ class PagesModule : public QWidget, public ISDKModule {
         id_ = id;
         manager_ = m;
     }
-    void ISDKModule_OnConnectionStatusChange(const std::string&, std::int32_t) override {}
-    std::int32_t ISDKModule_QueryDisconnect() override { return kSDKStatusOk; }
-    std::int32_t ISDKModule_QueryDestroyModule(const std::string&) override { return 0; }
-    void ISDKModule_Disconnect() override {}
-    Value ISDKModule_GetModuleKey() override { return {}; }
-    void ISDKModule_SetPersistentData(const Value&) override {}
-    Value ISDKModule_GetPersistentData() override { return {}; }
-    void ISDKModule_LockGUI() override {}
-    void ISDKModule_UnlockGUI() override {}
-    std::int16_t ISDKModule_OnIdle(std::int32_t) override { return 0; }
-    std::int16_t ISDKModule_OnFdtPrint(const std::string&) override { return 0; }
-    std::int16_t ISDKModule_OnPrint(const Value&, std::int32_t) override { return 0; }
-    void ISDKModule_OnLanguageIDChange(const std::string&) override {}
     void* View() override { return static_cast<QWidget*>(this); }
 
   private:

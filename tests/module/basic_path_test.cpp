@@ -1,20 +1,10 @@
+#include "../common/DataTable.h"
 #include "HostedModule.h"
 
 using namespace qdf;
 using namespace qdf::test;
 
 namespace {
-
-struct Write {
-    std::string parameter;
-    Value value;
-};
-
-std::vector<Write> Writes(const frame::FrameDevice& d) {
-    std::vector<Write> w;
-    for (const auto& x : d.writes) w.push_back({x.parameter, x.value});
-    return w;
-}
 
 // Walks Mode, Basic setup and Apply as a user does.
 void WalkBasicPath(TVRQDFFCWMain& main) {
@@ -32,6 +22,22 @@ void WalkBasicPath(TVRQDFFCWMain& main) {
     main.ctlSaveAndDownload1->cmdSave->click();
 }
 
+// The device's writes against its rows of data/basic_writes.csv, type included.
+void ExpectBasicWrites(const frame::FrameDevice& d, const std::string& device) {
+    std::vector<testdata::Row> rows;
+    for (testdata::Row& r : testdata::Load("tests/module/data/basic_writes.csv"))
+        if (r.text("device") == device) rows.push_back(std::move(r));
+    ASSERT_EQ(d.writes.size(), rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const testdata::Row& r = rows[i];
+        EXPECT_EQ(d.writes[i].menu, r.text("menu")) << r.where();
+        EXPECT_EQ(d.writes[i].parameter, r.text("parameter")) << r.where();
+        EXPECT_EQ(d.writes[i].value,
+                  r.text("type") == "int32" ? Value(r.integer("value")) : Value(r.num("value")))
+            << r.where();
+    }
+}
+
 }  // namespace
 
 // Catches a Basic run on HART that writes other parameters, types or values than the nine.
@@ -42,23 +48,7 @@ TEST_F(HostedModule, BasicPathWritesNineParametersOnHart) {
     Settle();
     EXPECT_FALSE(host.IsModuleOpen());
     EXPECT_TRUE(messages.shown.empty());
-    const std::vector<Write> expected = {
-        {"static_pressure_units", Value(std::int32_t(12))},
-        {"et_units", Value(std::int32_t(32))},
-        {"simple_dens_base", Value(0.0)},
-        {"flow_calc_mode", Value(std::int32_t(1))},
-        {"fluid_type", Value(std::int32_t(1))},
-        {"flow_calc_fixed", Value(2.5)},
-        {"ref_sp", Value(101.325)},
-        {"ref_temp", Value(15.0)},
-        {"temp_k1", Value(0.25)},
-    };
-    const std::vector<Write> got = Writes(host.Device(0));
-    ASSERT_EQ(got.size(), expected.size());
-    for (std::size_t i = 0; i < got.size(); ++i) {
-        EXPECT_EQ(got[i].parameter, expected[i].parameter) << i;
-        EXPECT_EQ(got[i].value, expected[i].value) << got[i].parameter;
-    }
+    ExpectBasicWrites(host.Device(0), "qdf300_hart.json");
     EXPECT_EQ(host.Device(0).Find("flow_calc_fixed")->value.toDouble(), 2.5);
 
     // The store went into the business object: the next opening finds what was kept, and the
@@ -78,21 +68,5 @@ TEST_F(HostedModule, BasicPathWritesEightParametersOnFieldbus) {
     WalkBasicPath(Main());
     Settle();
     EXPECT_FALSE(host.IsModuleOpen());
-    const std::string p = "FLOW_TRANSDUCER_BLOCK.0.";
-    const std::vector<Write> expected = {
-        {p + "STATIC_PRESSURE_UNIT", Value(std::int32_t(1133))},
-        {p + "EXT_TEMPERATURE_UNIT", Value(std::int32_t(1001))},
-        {p + "FLOW_CALCULATION_MODE", Value(std::int32_t(1))},
-        {p + "FIXED_FLOW_VALUE", Value(2.5)},
-        {p + "REF_STATIC_PRESSURE", Value(101.325)},
-        {p + "REF_EXT_TEMPERATURE", Value(15.0)},
-        {p + "TEMP_K1_FOR_LIQUID", Value(0.25)},
-        {p + "FLUID_TYPE_CODE", Value(std::int32_t(1))},
-    };
-    const std::vector<Write> got = Writes(host.Device(0));
-    ASSERT_EQ(got.size(), expected.size());
-    for (std::size_t i = 0; i < got.size(); ++i) {
-        EXPECT_EQ(got[i].parameter, expected[i].parameter) << i;
-        EXPECT_EQ(got[i].value, expected[i].value) << got[i].parameter;
-    }
+    ExpectBasicWrites(host.Device(0), "qdf300_ffh1.json");
 }

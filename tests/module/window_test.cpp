@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLineEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
@@ -78,32 +77,3 @@ TEST(FrameWindow, OpensTheWizardAndWalksTheBasicPath) {
 }
 
 }  // namespace
-
-#ifdef QDF_WIZARD_EXE
-// Catches a scripted headless run that loses the refusal shown or the writes of the Basic path.
-TEST(WizardCommand, BasicScriptPrintsMessagesAndNineWrites) {
-    QTemporaryDir dir;
-    ASSERT_TRUE(dir.isValid());
-    QProcess run;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert("QT_QPA_PLATFORM", "offscreen");
-    env.insert("XDG_CONFIG_HOME", dir.path());  // no machine settings: runs as installed
-    env.remove("QDF_REGISTRY");
-    run.setProcessEnvironment(env);
-    run.start(QDF_WIZARD_EXE, {"--device", QDF_SOURCE_DIR "/data/devices/qdf300_hart.json",
-                               "--script", QDF_SOURCE_DIR "/tests/module/basic_hart.json"});
-    ASSERT_TRUE(run.waitForFinished(60000));
-    EXPECT_EQ(run.exitCode(), 0) << run.readAllStandardError().toStdString();
-    const QStringList lines =
-        QString::fromUtf8(run.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-    ASSERT_EQ(lines.size(), 11) << lines.join("\n").toStdString();
-    EXPECT_EQ(lines[0],
-              "message,\"QDF300 Flow Configuration Wizard\",\"Please fill out reference "
-              "temperature \",2,2,4,4");
-    EXPECT_EQ(lines[1], "write,\"qdf_menu_dummy\",\"static_pressure_units\",int32,12");
-    EXPECT_EQ(lines[6], "write,\"qdf_menu_basic_flow_calc\",\"flow_calc_fixed\",double,2.5");
-    EXPECT_EQ(lines[7], "write,\"qdf_menu_basic_flow_calc\",\"ref_sp\",double,101.325");
-    EXPECT_EQ(lines[9], "write,\"qdf_menu_basic_flow_calc\",\"temp_k1\",double,0.25");
-    EXPECT_EQ(lines[10], "module,closed");
-}
-#endif

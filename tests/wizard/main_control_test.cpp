@@ -20,56 +20,31 @@ std::vector<std::string> VisibleEntries(QMenu* menu) {
     return v;
 }
 
-// Records which command ran and with which services; the Mgt import turns debug mode on.
+// Records which command ran and with which services; the QMV import chooses Basic mode, the Mgt
+// import turns debug mode on.
+#define RECORD(Command, ...)                                                                    \
+    bool Command(clsExGlobalVars& s, ISDKMessageService&, wizard::IDialogService& d) override { \
+        __VA_ARGS__;                                                                            \
+        calls.push_back(#Command);                                                              \
+        dialogsSeen = &d;                                                                       \
+        return true;                                                                            \
+    }
 class RecordingFiles : public wizard::IFileCommands {
   public:
     std::vector<std::string> calls;
     wizard::IDialogService* dialogsSeen = nullptr;
-    bool Note(const char* name, clsExGlobalVars&, wizard::IDialogService& d) {
-        calls.push_back(name);
-        dialogsSeen = &d;
-        return true;
-    }
-    bool ImportQMV(clsExGlobalVars& s, ISDKMessageService&, wizard::IDialogService& d) override {
-        s.Xmtr_SimpleFlowCalcMode = 1;
-        return Note("ImportQMV", s, d);
-    }
-    bool ImportPMF(clsExGlobalVars& s, ISDKMessageService&, wizard::IDialogService& d) override {
-        return Note("ImportPMF", s, d);
-    }
-    bool ImportFlowParamUI(clsExGlobalVars& s, ISDKMessageService&,
-                           wizard::IDialogService& d) override {
-        return Note("ImportFlowParamUI", s, d);
-    }
-    bool ImportFlowParamXmtr(clsExGlobalVars& s, ISDKMessageService&,
-                             wizard::IDialogService& d) override {
-        return Note("ImportFlowParamXmtr", s, d);
-    }
-    bool ImportFlowParamMgt(clsExGlobalVars& s, ISDKMessageService&,
-                            wizard::IDialogService& d) override {
-        s.Mgt_DebugModeFlag = 1;
-        s.Mgt_DisplayCurrentValueFlag = 0;
-        return Note("ImportFlowParamMgt", s, d);
-    }
-    bool ExportQMV(clsExGlobalVars& s, ISDKMessageService&, wizard::IDialogService& d) override {
-        return Note("ExportQMV", s, d);
-    }
-    bool ExportFlowParamUI(clsExGlobalVars& s, ISDKMessageService&,
-                           wizard::IDialogService& d) override {
-        return Note("ExportFlowParamUI", s, d);
-    }
-    bool ExportFlowParamXmtr(clsExGlobalVars& s, ISDKMessageService&,
-                             wizard::IDialogService& d) override {
-        return Note("ExportFlowParamXmtr", s, d);
-    }
-    bool ExportFlowParamCalc(clsExGlobalVars& s, ISDKMessageService&,
-                             wizard::IDialogService& d) override {
-        return Note("ExportFlowParamCalc", s, d);
-    }
-    bool Report(clsExGlobalVars& s, ISDKMessageService&, wizard::IDialogService& d) override {
-        return Note("Report", s, d);
-    }
+    RECORD(ImportQMV, s.Xmtr_SimpleFlowCalcMode = 1)
+    RECORD(ImportPMF, (void)s)
+    RECORD(ImportFlowParamUI, (void)s)
+    RECORD(ImportFlowParamXmtr, (void)s)
+    RECORD(ImportFlowParamMgt, s.Mgt_DebugModeFlag = 1, s.Mgt_DisplayCurrentValueFlag = 0)
+    RECORD(ExportQMV, (void)s)
+    RECORD(ExportFlowParamUI, (void)s)
+    RECORD(ExportFlowParamXmtr, (void)s)
+    RECORD(ExportFlowParamCalc, (void)s)
+    RECORD(Report, (void)s)
 };
+#undef RECORD
 
 }  // namespace
 

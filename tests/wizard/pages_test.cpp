@@ -1,6 +1,8 @@
+#include <QAbstractButton>
 #include <QSignalSpy>
 #include <QTest>
 
+#include "../common/DataTable.h"
 #include "PageSupport.h"
 #include "PropertyBag.h"
 #include "WizardFixture.h"
@@ -79,43 +81,23 @@ TEST_F(WizardFixture, BasicPageRefusesInOrder) {
     b.cboRefTemp->setCurrentIndex(-1);
     b.cboRefStPres->setCurrentIndex(-1);
 
-    struct Step {
-        std::function<void()> fix;
-        const char* text;
-        QWidget* focus;
-    };
-    const std::vector<Step> steps = {
-        {[] {}, "Please select fluid type", nullptr},
-        {[&] { b.optLiquid->click(); }, "Please fill out reference temperature ", b.txtRefTemp},
-        {[&] { b.txtRefTemp->setText("1e"); },
-         "Please enter a correct number for reference temperature!", b.txtRefTemp},
-        {[&] { b.txtRefTemp->setText("20"); },
-         "Please make a selection for reference temperature unit", b.cboRefTemp},
-        {[&] { b.cboRefTemp->setCurrentIndex(0); }, "Please fill out reference static pressure ",
-         b.txtRefStPress},
-        {[&] { b.txtRefStPress->setText("1..2"); },
-         "Please enter a correct number for reference static pressure!", b.txtRefStPress},
-        {[&] { b.txtRefStPress->setText("101.325"); },
-         "Please make a selection for reference static pressure unit", b.cboRefStPres},
-        {[&] { b.cboRefStPres->setCurrentIndex(11); }, "Please fill out K factor ", b.txtKFactor},
-        {[&] { b.txtKFactor->setText("e"); }, "Please enter a correct number for K factor!",
-         b.txtKFactor},
-        {[&] { b.txtKFactor->setText("2.5"); }, "Please fill out temperature K1 ", b.txtTempK1},
-        {[&] { b.txtTempK1->setText("1e+"); }, "Please enter a correct number for temp K1!",
-         b.txtTempK1},
-    };
-    for (const Step& step : steps) {
-        step.fix();
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/basic_refusals.csv")) {
+        QWidget* w = r.has("control") ? b.findChild<QWidget*>(r.text("control").c_str()) : nullptr;
+        ASSERT_EQ(w != nullptr, r.has("control")) << r.where();
+        if (auto* button = qobject_cast<QAbstractButton*>(w)) button->click();
+        if (auto* box = qobject_cast<QLineEdit*>(w)) box->setText(r.text("text").c_str());
+        if (auto* list = qobject_cast<QComboBox*>(w)) list->setCurrentIndex(r.integer("text"));
         host.messages.clear();
         b.cmdNext->click();
-        ASSERT_EQ(host.messages.size(), 1u) << step.text;
-        EXPECT_EQ(host.messages[0].text, step.text);
+        ASSERT_EQ(host.messages.size(), 1u) << r.where();
+        EXPECT_EQ(host.messages[0].text, r.text("message")) << r.where();
         EXPECT_EQ(host.messages[0].title, kWizardTitle);
         EXPECT_EQ(host.messages[0].kind, 2);
         EXPECT_EQ(host.messages[0].buttons, 2);
         EXPECT_EQ(host.messages[0].def, 4);
-        if (step.focus) {
-            EXPECT_TRUE(step.focus->hasFocus()) << step.text;
+        if (r.has("focus")) {
+            const QWidget* focus = b.findChild<QWidget*>(r.text("focus").c_str());
+            EXPECT_TRUE(focus && focus->hasFocus()) << r.where();
         }
         EXPECT_EQ(main->CurrentPageControl(), &b);
         EXPECT_EQ(s.Xmtr_SimpleRefTemp, refTempBefore);
