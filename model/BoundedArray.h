@@ -18,6 +18,18 @@ namespace qdf {
                             std::to_string(upper));
 }
 
+// Whole-array set: walks the target's own bounds, so a shorter source fails at its end (after
+// the elements it has were copied) and a longer one is cut.
+template <class Elements, class T>
+void AssignWithinBounds(Elements& target, std::span<const T> src) {
+    for (std::size_t i = 0; i < target.size(); ++i) {
+        if (i >= src.size())
+            ThrowIndexOutOfRange(static_cast<std::int64_t>(i),
+                                 static_cast<std::int64_t>(src.size()) - 1);
+        target[i] = src[i];
+    }
+}
+
 // Fixed bounds 0 to N-1.
 template <class T, std::size_t N>
 class BoundedArray {
@@ -38,16 +50,7 @@ class BoundedArray {
 
     // Whole-array get: a copy.
     std::vector<T> copy() const { return std::vector<T>(v_.begin(), v_.end()); }
-    // Whole-array set: walks the store's own bounds, so a shorter source fails at its end
-    // (after the elements it has were copied) and a longer one is cut.
-    void assign(std::span<const T> src) {
-        for (std::size_t i = 0; i < N; ++i) {
-            if (i >= src.size())
-                ThrowIndexOutOfRange(static_cast<std::int64_t>(i),
-                                     static_cast<std::int64_t>(src.size()) - 1);
-            v_[i] = src[i];
-        }
-    }
+    void assign(std::span<const T> src) { AssignWithinBounds(v_, src); }
 
     auto begin() const { return v_.begin(); }
     auto end() const { return v_.end(); }
@@ -85,14 +88,7 @@ class DynArray {
     const T& operator[](std::int64_t i) const { return at(i); }
 
     std::vector<T> copy() const { return v_; }
-    void assign(std::span<const T> src) {
-        for (std::size_t i = 0; i < v_.size(); ++i) {
-            if (i >= src.size())
-                ThrowIndexOutOfRange(static_cast<std::int64_t>(i),
-                                     static_cast<std::int64_t>(src.size()) - 1);
-            v_[i] = src[i];
-        }
-    }
+    void assign(std::span<const T> src) { AssignWithinBounds(v_, src); }
 
     auto begin() const { return v_.begin(); }
     auto end() const { return v_.end(); }
