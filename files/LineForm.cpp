@@ -90,6 +90,15 @@ std::vector<std::string> ReadLines(const std::string& path) {
     return SplitLines(ReadFileBytes(path));
 }
 
+std::int32_t ImportFromFile(clsExGlobalVars& store, const std::string& path,
+                            std::int32_t (*importText)(clsExGlobalVars&, std::string_view)) {
+    try {
+        return importText(store, ReadFileBytes(path));
+    } catch (const std::exception&) {
+        return 1;
+    }
+}
+
 std::string_view CellOf(std::string_view row) {
     const auto comma = row.find(',');
     return comma == std::string_view::npos ? row : row.substr(comma + 1);

@@ -11,6 +11,8 @@
 
 namespace qdf {
 
+class clsExGlobalVars;
+
 // A double with full precision in its shortest form that reads back exactly: fixed notation
 // where that is shorter, exponent form otherwise ("1e-05", "-999999", "0.1").
 std::string ShortestDouble(double v);
@@ -42,6 +44,10 @@ std::vector<std::string> SplitLines(std::string_view ansiText);
 std::vector<std::string> ReadLines(const std::string& path);
 // The file's bytes as they stand; throws FileAccessError when it cannot be opened.
 std::string ReadFileBytes(const std::string& path);
+// A text importer run over the file's bytes; a file that cannot be read, or any other
+// failure, gives 1.
+std::int32_t ImportFromFile(clsExGlobalVars& store, const std::string& path,
+                            std::int32_t (*importText)(clsExGlobalVars&, std::string_view));
 // Replaces the file with the UTF-8 text in Windows-1252; FileAccessError when it can't be
 // opened for writing.
 void SaveText(const std::string& utf8, const std::string& path);

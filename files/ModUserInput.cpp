@@ -431,11 +431,7 @@ std::int32_t ImportUIText(clsExGlobalVars& store, std::string_view ansiText) {
 }
 
 std::int32_t ImportUIFile(clsExGlobalVars& store, const std::string& path) {
-    try {
-        return ImportUIText(store, ReadFileBytes(path));
-    } catch (const std::exception&) {
-        return 1;
-    }
+    return ImportFromFile(store, path, ImportUIText);
 }
 
 }  // namespace qdf

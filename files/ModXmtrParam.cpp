@@ -196,11 +196,7 @@ std::int32_t ImportXmtrText(clsExGlobalVars& store, std::string_view ansiText) {
 }
 
 std::int32_t ImportXmtrFile(clsExGlobalVars& store, const std::string& path) {
-    try {
-        return ImportXmtrText(store, ReadFileBytes(path));
-    } catch (const std::exception&) {
-        return 1;
-    }
+    return ImportFromFile(store, path, ImportXmtrText);
 }
 
 std::int32_t ImportMgtText(clsExGlobalVars& store, std::string_view ansiText) {
@@ -215,11 +211,7 @@ std::int32_t ImportMgtText(clsExGlobalVars& store, std::string_view ansiText) {
 }
 
 std::int32_t ImportMgtFile(clsExGlobalVars& store, const std::string& path) {
-    try {
-        return ImportMgtText(store, ReadFileBytes(path));
-    } catch (const std::exception&) {
-        return 1;
-    }
+    return ImportFromFile(store, path, ImportMgtText);
 }
 
 }  // namespace qdf
