@@ -7,35 +7,19 @@
 
 namespace {
 
+void BM_Vdn(benchmark::State& state, int32_t id, double T, double P) {
+    double v = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(DprVdn(id, T, P, &v));
+        benchmark::DoNotOptimize(v);
+    }
+}
 // Methane goes through its reference equation of state.
-void BM_VdnReferenceEquation(benchmark::State& state) {
-    double T = 288.15, P = 5e6, v = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(DprVdn(1, T, P, &v));
-        benchmark::DoNotOptimize(v);
-    }
-}
-BENCHMARK(BM_VdnReferenceEquation);
-
+BENCHMARK_CAPTURE(BM_Vdn, ReferenceEquation, 1, 288.15, 5e6);
 // Methane near its saturation line: the dense root is searched too.
-void BM_VdnReferenceEquationSubcritical(benchmark::State& state) {
-    double T = 170.0, P = 1e6, v = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(DprVdn(1, T, P, &v));
-        benchmark::DoNotOptimize(v);
-    }
-}
-BENCHMARK(BM_VdnReferenceEquationSubcritical);
-
+BENCHMARK_CAPTURE(BM_Vdn, ReferenceEquationSubcritical, 1, 170.0, 1e6);
 // Ethylene goes through the cubic.
-void BM_VdnCubic(benchmark::State& state) {
-    double T = 300.0, P = 2e6, v = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(DprVdn(201, T, P, &v));
-        benchmark::DoNotOptimize(v);
-    }
-}
-BENCHMARK(BM_VdnCubic);
+BENCHMARK_CAPTURE(BM_Vdn, Cubic, 201, 300.0, 2e6);
 
 void BM_Vvs(benchmark::State& state) {
     double T = 300.0, v = 0;
