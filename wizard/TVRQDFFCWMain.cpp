@@ -40,9 +40,12 @@ using namespace qdf::wizard;
 
 namespace {
 
-QAction* MenuEntry(QMenu* menu, const char* name, const char* caption) {
+// An entry of a popup menu, wired to its handler.
+QAction* MenuEntry(QMenu* menu, const char* name, const char* caption, TVRQDFFCWMain* main,
+                   void (TVRQDFFCWMain::*onClick)()) {
     QAction* a = menu->addAction(QString::fromLatin1(caption));
     a->setObjectName(QString::fromLatin1(name));
+    QObject::connect(a, &QAction::triggered, main, onClick);
     return a;
 }
 
@@ -73,44 +76,36 @@ TVRQDFFCWMain::TVRQDFFCWMain(QWidget* parent) : QWidget(parent) {
     layout->addWidget(Toolbar1);
 
     MenuTopInitialize = PopupMenu(this, "MenuTopInitialize");
-    MenuInitialize = MenuEntry(MenuTopInitialize, "MenuInitialize", "Initialize");
+    MenuInitialize = MenuEntry(MenuTopInitialize, "MenuInitialize", "Initialize", this,
+                               &TVRQDFFCWMain::MenuInitialize_Click);
     MenuImport = PopupMenu(this, "MenuImport");
-    MenuImportQMV = MenuEntry(MenuImport, "MenuImportQMV", "Import QMV");
-    MenuImportPMF = MenuEntry(MenuImport, "MenuImportPMF", "Import PMF");
-    MenuImportFlowParamUI = MenuEntry(MenuImport, "MenuImportFlowParamUI", "Flow Param (UI)");
-    MenuImportFlowParamXmtr = MenuEntry(MenuImport, "MenuImportFlowParamXmtr", "Flow Param (Xmtr)");
-    MenuImportFlowParamMgt = MenuEntry(MenuImport, "MenuImportFlowParamMgt", "Flow Param (Mgt)");
+    MenuImportQMV =
+        MenuEntry(MenuImport, "MenuImportQMV", "Import QMV", this, &TVRQDFFCWMain::importQMV);
+    MenuImportPMF = MenuEntry(MenuImport, "MenuImportPMF", "Import PMF", this,
+                              &TVRQDFFCWMain::MenuImportPMF_Click);
+    MenuImportFlowParamUI = MenuEntry(MenuImport, "MenuImportFlowParamUI", "Flow Param (UI)", this,
+                                      &TVRQDFFCWMain::MenuImportFlowParamUI_Click);
+    MenuImportFlowParamXmtr = MenuEntry(MenuImport, "MenuImportFlowParamXmtr", "Flow Param (Xmtr)",
+                                        this, &TVRQDFFCWMain::MenuImportFlowParamXmtr_Click);
+    MenuImportFlowParamMgt = MenuEntry(MenuImport, "MenuImportFlowParamMgt", "Flow Param (Mgt)",
+                                       this, &TVRQDFFCWMain::MenuImportFlowParamMgt_Click);
     MenuExport = PopupMenu(this, "MenuExport");
-    MenuExportQMV = MenuEntry(MenuExport, "MenuExportQMV", "Export QMV");
-    MenuExportFlowParamUI = MenuEntry(MenuExport, "MenuExportFlowParamUI", "Flow Param (UI)");
-    MenuExportFlowParamXmtr = MenuEntry(MenuExport, "MenuExportFlowParamXmtr", "Flow Param (Xmtr)");
-    MenuExportFlowParamCalc = MenuEntry(MenuExport, "MenuExportFlowParamCalc", "Flow Param (Calc)");
+    MenuExportQMV =
+        MenuEntry(MenuExport, "MenuExportQMV", "Export QMV", this, &TVRQDFFCWMain::exportQMV);
+    MenuExportFlowParamUI = MenuEntry(MenuExport, "MenuExportFlowParamUI", "Flow Param (UI)", this,
+                                      &TVRQDFFCWMain::MenuExportFlowParamUI_Click);
+    MenuExportFlowParamXmtr = MenuEntry(MenuExport, "MenuExportFlowParamXmtr", "Flow Param (Xmtr)",
+                                        this, &TVRQDFFCWMain::MenuExportFlowParamXmtr_Click);
+    MenuExportFlowParamCalc = MenuEntry(MenuExport, "MenuExportFlowParamCalc", "Flow Param (Calc)",
+                                        this, &TVRQDFFCWMain::MenuExportFlowParamCalc_Click);
     MenuTopReport = PopupMenu(this, "MenuTopReport");
-    MenuReport = MenuEntry(MenuTopReport, "MenuReport", "Report");
+    MenuReport =
+        MenuEntry(MenuTopReport, "MenuReport", "Report", this, &TVRQDFFCWMain::MenuReport_Click);
     MenuHelp = PopupMenu(this, "MenuHelp");
-    MenuQDFSondraHelp = MenuEntry(MenuHelp, "MenuQDFSondraHelp", "QDFSondra Help");
-    MenuQDFSondraAbout = MenuEntry(MenuHelp, "MenuQDFSondraAbout", "QDFSondra About");
-
-    connect(MenuInitialize, &QAction::triggered, this, &TVRQDFFCWMain::MenuInitialize_Click);
-    connect(MenuImportQMV, &QAction::triggered, this, &TVRQDFFCWMain::importQMV);
-    connect(MenuImportPMF, &QAction::triggered, this, &TVRQDFFCWMain::MenuImportPMF_Click);
-    connect(MenuImportFlowParamUI, &QAction::triggered, this,
-            &TVRQDFFCWMain::MenuImportFlowParamUI_Click);
-    connect(MenuImportFlowParamXmtr, &QAction::triggered, this,
-            &TVRQDFFCWMain::MenuImportFlowParamXmtr_Click);
-    connect(MenuImportFlowParamMgt, &QAction::triggered, this,
-            &TVRQDFFCWMain::MenuImportFlowParamMgt_Click);
-    connect(MenuExportQMV, &QAction::triggered, this, &TVRQDFFCWMain::exportQMV);
-    connect(MenuExportFlowParamUI, &QAction::triggered, this,
-            &TVRQDFFCWMain::MenuExportFlowParamUI_Click);
-    connect(MenuExportFlowParamXmtr, &QAction::triggered, this,
-            &TVRQDFFCWMain::MenuExportFlowParamXmtr_Click);
-    connect(MenuExportFlowParamCalc, &QAction::triggered, this,
-            &TVRQDFFCWMain::MenuExportFlowParamCalc_Click);
-    connect(MenuReport, &QAction::triggered, this, &TVRQDFFCWMain::MenuReport_Click);
-    connect(MenuQDFSondraHelp, &QAction::triggered, this, &TVRQDFFCWMain::MenuQDFSondraHelp_Click);
-    connect(MenuQDFSondraAbout, &QAction::triggered, this,
-            &TVRQDFFCWMain::MenuQDFSondraAbout_Click);
+    MenuQDFSondraHelp = MenuEntry(MenuHelp, "MenuQDFSondraHelp", "QDFSondra Help", this,
+                                  &TVRQDFFCWMain::MenuQDFSondraHelp_Click);
+    MenuQDFSondraAbout = MenuEntry(MenuHelp, "MenuQDFSondraAbout", "QDFSondra About", this,
+                                   &TVRQDFFCWMain::MenuQDFSondraAbout_Click);
 
     // All pages and the About view share one cell; exactly one page is shown at a time.
     auto* area = new QWidget(this);
