@@ -2,17 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "../files/FileTestSupport.h"
 #include "Cli.h"
 
 namespace {
@@ -33,28 +31,8 @@ std::string Example(const std::string& name) {
     return std::string(QDF_SOURCE_DIR) + "/examples/" + name;
 }
 
-class FileCommands : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        dir_ = std::filesystem::temp_directory_path() /
-               ("qdf_cli_files_" + std::to_string(::getpid()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(dir_);
-        ::setenv("QDF_LOG_DIR", dir_.c_str(), 1);
-    }
-    void TearDown() override {
-        ::unsetenv("QDF_LOG_DIR");
-        std::filesystem::remove_all(dir_);
-    }
-    std::string Path(const std::string& n) const { return (dir_ / n).string(); }
-    static std::string Read(const std::string& p) {
-        std::ifstream in(p, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    }
-
-  private:
-    std::filesystem::path dir_;
-};
+// A private folder per test, also the log folder.
+using FileCommands = qdf::test::FileTest;
 
 TEST_F(FileCommands, DumpShowsWhatTheFileCarries) {
     // Catches arrays dumped past the file's 256 rows, block 1 members hidden, or a status that
@@ -69,7 +47,7 @@ TEST_F(FileCommands, DumpShowsWhatTheFileCarries) {
     EXPECT_EQ(j["UI_RangeT2"], 360.0);
     EXPECT_EQ(j["status"], 0);
 
-    const std::string bytes = Read(Example("ethane_orifice.qmv"));
+    const std::string bytes = ReadText(Example("ethane_orifice.qmv"));
     std::ofstream(Path("cut.qmv"), std::ios::binary) << bytes.substr(0, 4000);
     const QdfRun cut = Qdf({"qmv", "dump", Path("cut.qmv")});
     EXPECT_EQ(cut.rc, 1);
@@ -98,24 +76,25 @@ TEST_F(FileCommands, WriteThenDumpRoundTrips) {
 
 TEST_F(FileCommands, CalcWritesTheParameterAndReportFiles) {
     // Catches a calc that prints results other than those it exports, or skips a file.
-    const QdfRun r = Qdf({"calc", Example("ethane_orifice.qmv"), "--xmtr", Path("x.csv"), "--report",
-                       Path("r.csv"), "--calc", Path("c.csv"), "--ui", Path("u.csv")});
+    const QdfRun r =
+        Qdf({"calc", Example("ethane_orifice.qmv"), "--xmtr", Path("x.csv"), "--report",
+             Path("r.csv"), "--calc", Path("c.csv"), "--ui", Path("u.csv")});
     ASSERT_EQ(r.rc, 0) << r.err;
     const auto j = nlohmann::json::parse(r.out);
     EXPECT_EQ(j["RunCalculation"], 0);
     EXPECT_EQ(j["RunFits"], 0);
     EXPECT_EQ(j["Xmtr_PDCode"], 6);
     EXPECT_GT(j["UI_RefDensValue"].get<double>(), 1.0);
-    const std::string xmtr = Read(Path("x.csv"));
+    const std::string xmtr = ReadText(Path("x.csv"));
     EXPECT_NE(xmtr.find("\"Xmtr Primary Device Code\",6\r\n"), std::string::npos);
     const double d0 = j["Xmtr_DensCoeff"][0];
     const std::string label = "\"Xmtr Density Coefficient 0 \",";
     const auto at = xmtr.find(label);
     ASSERT_NE(at, std::string::npos);
     EXPECT_EQ(std::stod(xmtr.substr(at + label.size())), d0);
-    EXPECT_NE(Read(Path("r.csv")).find("REPORT FILE"), std::string::npos);
-    EXPECT_NE(Read(Path("c.csv")).find("\"Density Sigma\""), std::string::npos);
-    EXPECT_NE(Read(Path("u.csv")).find("\"Fluid Name\",\"ETHANE\""), std::string::npos);
+    EXPECT_NE(ReadText(Path("r.csv")).find("REPORT FILE"), std::string::npos);
+    EXPECT_NE(ReadText(Path("c.csv")).find("\"Density Sigma\""), std::string::npos);
+    EXPECT_NE(ReadText(Path("u.csv")).find("\"Fluid Name\",\"ETHANE\""), std::string::npos);
 
     EXPECT_EQ(Qdf({"calc", Path("missing.qmv")}).rc, 1);
     EXPECT_EQ(Qdf({"calc", Example("water_orifice.qmv"), "--xmtr"}).rc, 2);

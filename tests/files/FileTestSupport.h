@@ -14,6 +14,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -51,6 +52,15 @@ class FakeFrame : public ISDKManager, public ISDKMessageService {
         return a;
     }
 };
+
+// The lines of a file under tests/files/data, as they stand.
+inline std::vector<std::string> DataLines(const std::string& name) {
+    std::ifstream in(std::string(QDF_SOURCE_DIR) + "/tests/files/data/" + name);
+    if (!in) throw std::runtime_error("cannot open " + name);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
 
 // got[from...] against an expected text under tests/files/data, one line per line ('#' lines at
 // its top say what it is); each difference names the data file's line. whole: got must also end

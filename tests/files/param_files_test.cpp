@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "../common/StoreMembers.h"
 #include "FileTestSupport.h"
 #include "LineForm.h"
 #include "ModCalcValue.h"
@@ -297,26 +298,10 @@ TEST_F(ParamFileTest, XmtrImportFailures) {
 
 TEST_F(ParamFileTest, MgtFileSetsTheManagementMembers) {
     // Catches rows read from the wrong position, dropped rows that are taken, or quotes lost.
-    std::vector<std::string> rows(45);
-    for (int i = 0; i < 45; ++i) rows[i] = "\"row " + std::to_string(i) + "\"," + std::to_string(i);
-    rows[0] = "Program,\"QDFSondra\"";
-    rows[3] = "free,not a number";
-    rows[4] = "free,";
-    rows[7] = "free";
-    rows[18] = "free,x";
-    rows[5] = "debug,1";
-    rows[13] = "press div,5.5";
-    rows[20] = "db,\"x.mdb\"";
-    rows[35] = "cfg,\"1.2\"";
+    const std::vector<std::string> rows = DataLines("mgt_rows.csv");
+    ASSERT_EQ(rows.size(), 45u);
     ASSERT_EQ(ImportMgtText(store, Join(rows)), 0);
-    EXPECT_EQ(store.Mgt_ProgramName, "\"QDFSondra\"");
-    EXPECT_EQ(store.Mgt_DebugModeFlag, 1);
-    EXPECT_EQ(store.Mgt_GasDensPressDiv, 6) << "5.5 rounds half to even";
-    EXPECT_EQ(store.Mgt_DbName, "\"x.mdb\"");
-    EXPECT_EQ(store.Mgt_PollAddr, 21);
-    EXPECT_EQ(store.Mgt_Reserve10, 34);
-    EXPECT_EQ(store.Mgt_CfgSoftRev, "\"1.2\"");
-    EXPECT_EQ(store.Mgt_Reserve20, "44");
+    testdata::ExpectMembers(store, "tests/files/data/mgt_rows.json");
 
     auto tooLong = rows;
     tooLong[5] = "debug,0";

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 #include <optional>
 #include <set>
@@ -18,14 +17,6 @@ namespace {
 
 using qdf::Value;
 namespace testdata = qdf::testdata;
-
-std::vector<std::string> Lines(const std::string& path) {
-    std::ifstream in(path);
-    if (!in) throw std::runtime_error("cannot open " + path);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
-}
 
 struct Written {
     std::string menu, parameter;
@@ -134,8 +125,7 @@ TEST_F(PmfImport, EveryParameterIsReachedWithEitherPrefixLength) {
 TEST_F(PmfImport, WritesKnownEntriesOfParametersInFileOrder) {
     // Device tools write CR LF lines.
     std::string text;
-    for (const std::string& line : Lines(QDF_SOURCE_DIR "/tests/files/data/device.pmf"))
-        text += line + "\r\n";
+    for (const std::string& line : qdf::test::DataLines("device.pmf")) text += line + "\r\n";
     const std::string path = Path("device.PMF");
     WriteText(path, text);
     device.unknown = {"flow_units"};  // a device revision without it

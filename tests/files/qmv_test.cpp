@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "FileTestSupport.h"
 #include "ModBinary.h"
 #include "ModDefaults.h"
@@ -329,20 +330,7 @@ TEST_F(QmvTest, LoadRecordsToStoreResetsTheCalculationOptions) {
     store.Mgt_ConfDate = "2020-01-01 00:00:00";
     store.Mgt_UserName = "someone";
     LoadRecordsToStore(store);
-    EXPECT_EQ(store.Mgt_MtdGasVisCalc, 1);
-    EXPECT_EQ(store.Mgt_MtdIsenExpCalc, 1);
-    EXPECT_EQ(store.Mgt_GasDensDiv, 12);
-    EXPECT_EQ(store.Mgt_GasDensTempDiv, 3);
-    EXPECT_EQ(store.Mgt_GasDensPressDiv, 4);
-    EXPECT_EQ(store.Mgt_LqdDensTempDiv, 4);
-    EXPECT_EQ(store.Mgt_GasVisTempDiv, 4);
-    EXPECT_EQ(store.Mgt_LqdVisTempDiv, 4);
-    EXPECT_EQ(store.Mgt_GasExpFacDiv, 3);
-    EXPECT_EQ(store.Mgt_MtdAirGasDensityCalculation, 0);
-    EXPECT_EQ(store.Mgt_Reserve7, 0);
-    EXPECT_EQ(store.Mgt_Reserve15, "");
-    EXPECT_EQ(store.Mgt_ConfDate, "");
-    EXPECT_EQ(store.Mgt_UserName, "");
+    testdata::ExpectMembers(store, "tests/files/data/qmv_reset_options.json");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <QLabel>
 #include <QScrollBar>
 
+#include "../common/StoreMembers.h"
 #include "HostedModule.h"
 #include "Registry.h"
 
@@ -26,14 +27,8 @@ TEST_F(HostedModule, SynchronousValuesCompleteOnceInsideTheLastEntry) {
     EXPECT_EQ(Main().CurrentPageControl(), static_cast<ctlPage*>(Main().ctlModeSelection1));
     EXPECT_EQ(Store().varsInitialized, kTrue);
     // The last entry's value made it into the store, so completion ran after its delivery.
-    EXPECT_EQ(Store().Xmtr_SimpleFlowCalcFixedVar, 1.0);
-    EXPECT_EQ(Store().Xmtr_SimpleRefTemp, 15.0);
-    EXPECT_EQ(Store().Xmtr_SimpleDensityBase, 1.0);
-    EXPECT_EQ(Store().Xmtr_Tag, "FT-101");
-    EXPECT_EQ(Store().Mgt_UserRole, "Maintenance");
-    EXPECT_EQ(Store().Mgt_UserName, "Maintenance");
+    testdata::ExpectMembers(Store(), "tests/module/data/startup_hart.json");
     EXPECT_EQ(Store().readonly(), kFalse);
-    EXPECT_EQ(Store().Mgt_FldCommType, 0);
     EXPECT_TRUE(Main().ctlModeSelection1->optBasicMode->isChecked());
     // Only the two temperature unit observers stay.
     EXPECT_EQ(host.Manager()->AdvisedCount(), 2);
@@ -130,18 +125,8 @@ TEST_F(HostedModule, FieldbusUnitsMapToHartCodesWithRescaling) {
     ASSERT_TRUE(d.SetValue("FLOW_TRANSDUCER_BLOCK.0.REF_STATIC_PRESSURE", Value(0.25)));
     Open();
     ASSERT_EQ(module->CompletionCount(), 1);
-    EXPECT_EQ(Store().XmtrFF_FtbStaticPressUnit, 1131);
-    EXPECT_EQ(Store().Xmtr_SimpleStaticPressUnit, 237);  // GPa shown as MPa
+    testdata::ExpectMembers(Store(), "tests/module/data/startup_ffh1.json");
     EXPECT_DOUBLE_EQ(Store().Xmtr_SimpleRefStaticPress, 250.0);
-    EXPECT_EQ(Store().XmtrFF_FtbTempUnitCode, 1001);
-    EXPECT_EQ(Store().Xmtr_SimpleTempUnit, 32);
-    EXPECT_EQ(Store().FF_FtbTempUnitCodeSave, 1001);
-    EXPECT_EQ(Store().Xmtr_CONFIG_WHO, "Maintenance");
-    EXPECT_EQ(Store().Xmtr_CONFIG_DATE, "2024-03-18 09:12");
-    EXPECT_EQ(Store().Mgt_FldCommType, 1);
-    EXPECT_EQ(Store().Xmtr_Tag, "FT-201");
-    // The density base is a HART parameter only: the default stays.
-    EXPECT_EQ(Store().Xmtr_SimpleDensityBase, 0.0);
     EXPECT_FALSE(Main().MenuImportPMF->isVisible());
 }
 

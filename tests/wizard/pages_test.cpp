@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "PageSupport.h"
 #include "PropertyBag.h"
 #include "WizardFixture.h"
@@ -145,14 +146,11 @@ TEST_F(WizardFixture, BasicPageUnitSelectionFollowsLocation) {
     main->SwitchToSetupMode();
     EXPECT_EQ(Basic().cboRefTemp->currentIndex(), 1);
 
-    EXPECT_EQ(wizard::TempUnitIndex(33, "Other"), 1);
-    EXPECT_EQ(wizard::TempUnitIndex(35, "Other"), 2);
-    EXPECT_EQ(wizard::PressUnitIndex(14, "Other"), 13);
-    EXPECT_EQ(wizard::PressUnitIndex(237, "Other"), 14);
-    EXPECT_EQ(wizard::PressUnitIndex(241, "Other"), 18);
-    EXPECT_EQ(wizard::PressUnitIndex(9, "Japan"), -1);
-    EXPECT_EQ(wizard::PressUnitIndex(241, "Japan"), 6);
-    EXPECT_EQ(wizard::PressUnitIndex(0, "Other"), -1);
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/unit_list_positions.csv")) {
+        const auto index =
+            r.text("list") == "temperature" ? wizard::TempUnitIndex : wizard::PressUnitIndex;
+        EXPECT_EQ(index(r.integer("code"), r.text("location")), r.integer("index")) << r.where();
+    }
 }
 
 // Catches gas keeping a Temp K1, lost FF unit codes, untrimmed configuration texts, or a
@@ -178,22 +176,7 @@ TEST_F(WizardFixture, BasicPageStoresGasOnFieldbus) {
     b.txtKFactor->setText("3.25");
     b.cmdNext->click();
     ASSERT_TRUE(host.messages.empty()) << host.messages[0].text;
-    EXPECT_EQ(s.Xmtr_SimpleFluidTypeCode, 2);
-    EXPECT_EQ(s.Xmtr_FluidTypeCode, 2);
-    EXPECT_EQ(s.Xmtr_SimpleDensityBase, 0.0);
-    EXPECT_EQ(s.Xmtr_SimpleTempK1ForLqdVar, 0.0);
-    EXPECT_EQ(s.Xmtr_SimpleTempUnit, 33);
-    EXPECT_EQ(s.XmtrFF_FtbTempUnitCode, 1002);
-    EXPECT_EQ(s.Xmtr_SimpleStaticPressUnit, 12);
-    EXPECT_EQ(s.XmtrFF_FtbStaticPressUnit, 1133);
-    EXPECT_EQ(s.Xmtr_SimpleRefStaticPress, 14.7);
-    EXPECT_EQ(s.Xmtr_SimpleFlowCalcFixedVar, 3.25);
-    EXPECT_EQ(s.Xmtr_CONFIG_WHO, std::string(32, 'u'));
-    EXPECT_EQ(s.Xmtr_CONFIG_DATE, "2024-05-06 07:08");
-    EXPECT_EQ(s.Xmtr_CONFIG_SOFT_REV, "1.05.00");
-    EXPECT_EQ(s.PageList[0], "ctlSetupMode");
-    EXPECT_EQ(s.PageList[1], "ctlSaveAndDownload");
-    EXPECT_EQ(s.CurrentPage, 1);
+    testdata::ExpectMembers(s, "tests/wizard/data/basic_gas_ffh1.json");
 }
 
 // Catches Back storing the edited boxes, or a value shown in the wrong form.
