@@ -113,15 +113,8 @@ void SetUserInputDefaults(clsExGlobalVars& s) {
     s.UI_PipeMaterial = "Carbon Steel";
     s.UI_FluidType = 2;
 
-    for (double* mole : {&s.UI_DtlTotalMole,  &s.UI_DtlMethaneMole,    &s.UI_DtlN2Mole,
-                         &s.UI_DtlCO2Mole,    &s.UI_DtlEthaneMole,     &s.UI_DtlPropaneMole,
-                         &s.UI_DtlWaterMole,  &s.UI_DtlH2SMole,        &s.UI_DtlH2Mole,
-                         &s.UI_DtlCOMole,     &s.UI_DtlO2Mole,         &s.UI_DtlIsobutaneMole,
-                         &s.UI_DtlButaneMole, &s.UI_DtlIsoPentaneMole, &s.UI_DtlPentaneMole,
-                         &s.UI_DtlHexaneMole, &s.UI_DtlHeptaneMole,    &s.UI_DtlOctaneMole,
-                         &s.UI_DtlNonaneMole, &s.UI_DtlDecaneMole,     &s.UI_DtlHe4Mole,
-                         &s.UI_DtlArMole})
-        *mole = 0.0;
+    s.UI_DtlTotalMole = 0.0;
+    for (double* mole : s.DetailMoles()) *mole = 0.0;
 
     s.UI_RgRelDens = kNotEntered;
     s.UI_CO2Mole = kNotEntered;

@@ -8,6 +8,7 @@
 // members whose name ends in "Flag" are 0 and 1; arrays start at 0 and every element access is
 // checked (std::out_of_range beyond the bounds).
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -241,6 +242,15 @@ class clsExGlobalVars {
     double UI_DtlDecaneMole = kNotEntered;
     double UI_DtlHe4Mole = kNotEntered;
     double UI_DtlArMole = kNotEntered;
+    // The 21 detail mole percentages in the order of the composition vector Y21.
+    std::array<double*, 21> DetailMoles() {
+        return {&UI_DtlMethaneMole,    &UI_DtlN2Mole,      &UI_DtlCO2Mole,       &UI_DtlEthaneMole,
+                &UI_DtlPropaneMole,    &UI_DtlWaterMole,   &UI_DtlH2SMole,       &UI_DtlH2Mole,
+                &UI_DtlCOMole,         &UI_DtlO2Mole,      &UI_DtlIsobutaneMole, &UI_DtlButaneMole,
+                &UI_DtlIsoPentaneMole, &UI_DtlPentaneMole, &UI_DtlHexaneMole,    &UI_DtlHeptaneMole,
+                &UI_DtlOctaneMole,     &UI_DtlNonaneMole,  &UI_DtlDecaneMole,    &UI_DtlHe4Mole,
+                &UI_DtlArMole};
+    }
     double UI_RgRelDens = kNotEntered;
     double UI_CO2Mole = kNotEntered;
     double UI_VgHv = kNotEntered;

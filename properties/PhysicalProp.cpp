@@ -294,16 +294,9 @@ int32_t GetMolecularWeight(clsExGlobalVars& store, int32_t /*fluidType*/, int32_
 }
 
 void LoadMoleVector(clsExGlobalVars& store) {
-    const std::array<double, 21> percent{
-        store.UI_DtlMethaneMole,    store.UI_DtlN2Mole,        store.UI_DtlCO2Mole,
-        store.UI_DtlEthaneMole,     store.UI_DtlPropaneMole,   store.UI_DtlWaterMole,
-        store.UI_DtlH2SMole,        store.UI_DtlH2Mole,        store.UI_DtlCOMole,
-        store.UI_DtlO2Mole,         store.UI_DtlIsobutaneMole, store.UI_DtlButaneMole,
-        store.UI_DtlIsoPentaneMole, store.UI_DtlPentaneMole,   store.UI_DtlHexaneMole,
-        store.UI_DtlHeptaneMole,    store.UI_DtlOctaneMole,    store.UI_DtlNonaneMole,
-        store.UI_DtlDecaneMole,     store.UI_DtlHe4Mole,       store.UI_DtlArMole};
+    const auto percent = store.DetailMoles();
     for (std::size_t k = 0; k < percent.size(); ++k)
-        store.Y21[static_cast<std::int64_t>(k)] = Fraction(percent[k]);
+        store.Y21[static_cast<std::int64_t>(k)] = Fraction(*percent[k]);
 }
 
 void LoadGross1Vector(clsExGlobalVars& store, double co2, double h2, double co) {

@@ -102,13 +102,7 @@ TEST_F(Calculation, EthaneFromRangeToTransmitterParameters) {
 TEST_F(Calculation, NaturalGasByEachMethod) {
     const double aga[21] = {77.824, 2,    6,     8,     3,     0.01,  0.25,  0.4,   0.2, 0.5, 0.15,
                             0.3,    0.05, 0.165, 0.215, 0.088, 0.024, 0.015, 0.009, 0.7, 0.1};
-    double* y[21] = {&s.UI_DtlMethaneMole,    &s.UI_DtlN2Mole,        &s.UI_DtlCO2Mole,
-                     &s.UI_DtlEthaneMole,     &s.UI_DtlPropaneMole,   &s.UI_DtlWaterMole,
-                     &s.UI_DtlH2SMole,        &s.UI_DtlH2Mole,        &s.UI_DtlCOMole,
-                     &s.UI_DtlO2Mole,         &s.UI_DtlIsobutaneMole, &s.UI_DtlButaneMole,
-                     &s.UI_DtlIsoPentaneMole, &s.UI_DtlPentaneMole,   &s.UI_DtlHexaneMole,
-                     &s.UI_DtlHeptaneMole,    &s.UI_DtlOctaneMole,    &s.UI_DtlNonaneMole,
-                     &s.UI_DtlDecaneMole,     &s.UI_DtlHe4Mole,       &s.UI_DtlArMole};
+    const auto y = s.DetailMoles();
     for (int i = 0; i < 21; ++i) *y[i] = aga[i];
     // AGA8 example sheet: 60 degF / 150 psia and 100 degF / 2000 psia.
     Fluid(2, 4, kAga8Detail);

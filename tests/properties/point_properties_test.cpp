@@ -121,13 +121,7 @@ constexpr double kIsoGas[21] = {96.5, 0.3,  0.6,  1.8,  0.45, 0, 0, 0, 0, 0, 0.1
                                 0.1,  0.05, 0.03, 0.07, 0,    0, 0, 0, 0, 0};
 
 void SetComposition(clsExGlobalVars& s, const double (&percent)[21]) {
-    double* members[21] = {&s.UI_DtlMethaneMole,    &s.UI_DtlN2Mole,        &s.UI_DtlCO2Mole,
-                           &s.UI_DtlEthaneMole,     &s.UI_DtlPropaneMole,   &s.UI_DtlWaterMole,
-                           &s.UI_DtlH2SMole,        &s.UI_DtlH2Mole,        &s.UI_DtlCOMole,
-                           &s.UI_DtlO2Mole,         &s.UI_DtlIsobutaneMole, &s.UI_DtlButaneMole,
-                           &s.UI_DtlIsoPentaneMole, &s.UI_DtlPentaneMole,   &s.UI_DtlHexaneMole,
-                           &s.UI_DtlHeptaneMole,    &s.UI_DtlOctaneMole,    &s.UI_DtlNonaneMole,
-                           &s.UI_DtlDecaneMole,     &s.UI_DtlHe4Mole,       &s.UI_DtlArMole};
+    const auto members = s.DetailMoles();
     for (int k = 0; k < 21; ++k) *members[k] = percent[k];
 }
 
