@@ -4,24 +4,19 @@
 
 #include <string>
 
-#include "SDKFrame.h"
+#include "SDKMessages.h"
 
 namespace qdf {
 
-inline constexpr const char* kTitleError = "QDF300 Error";
-inline constexpr const char* kTitleWarning = "QDF300 Warning";
-
 inline void ShowNotice(ISDKMessageService& messages, const std::string& title,
                        const std::string& text) {
-    messages.ShowMessage(title, text, sdk::kMessageKindError, sdk::kMessageButtonsOk,
-                         sdk::kMessageAnswerOk);
+    ShowStyledMessage(&messages, title, text, kStopNotice);
 }
 
 // True only on Yes.
 inline bool AskYesNo(ISDKMessageService& messages, const std::string& title,
                      const std::string& text) {
-    return messages.ShowMessage(title, text, sdk::kMessageKindQuestion, sdk::kMessageButtonsYesNo,
-                                sdk::kMessageAnswerNo) == sdk::kMessageAnswerYes;
+    return ShowStyledMessage(&messages, title, text, kAskDefaultNo) == sdk::kMessageAnswerYes;
 }
 
 }  // namespace qdf

@@ -424,6 +424,16 @@ clsExGlobalVars::~clsExGlobalVars() = default;
 
 void clsExGlobalVars::ClearPageList() {
     PageList.fill(std::string());
+    CurrentPage = 0;
+}
+
+bool DeviceUnitOfferedInJapan(std::int32_t code, bool pressure) {
+    auto holds = [code](const auto& rows) {
+        for (const UnitRow& r : rows)
+            if (r.code == code) return true;
+        return false;
+    };
+    return pressure ? holds(kPressShort) : holds(kTempShort);
 }
 
 void clsExGlobalVars::SetUnitTables() {

@@ -142,6 +142,7 @@ class clsExGlobalVars {
     BoundedArray<double, 19> Xmtr_DensCoeff;
     // Names of the pages passed through, for Back.
     BoundedArray<std::string, 1001> PageList;
+    // Blanks every entry and starts the path again at entry 0.
     void ClearPageList();
 
     // ---- calculation results ------------------------------------------------------------
@@ -448,5 +449,9 @@ class clsExGlobalVars {
     std::int16_t readonly_ = kTrue;
     std::shared_ptr<PropertyBag> ddNames_;
 };
+
+// True when a device unit code is in the short table that "Japan" is offered (pressure or
+// temperature).
+bool DeviceUnitOfferedInJapan(std::int32_t code, bool pressure);
 
 }  // namespace qdf

@@ -8,6 +8,8 @@
 #include <QPalette>
 #include <QVBoxLayout>
 
+#include "CodeTables.h"
+#include "ModUnit.h"
 #include "NumberText.h"
 #include "clsExGlobalVars.h"
 
@@ -24,18 +26,72 @@ bool NumberKeyFilter::Accepts(QChar c, bool allowMinus) {
     return allowMinus && c == QChar('-');
 }
 
+QString NumberKeyFilter::Filtered(const QString& text, bool allowMinus) {
+    QString kept;
+    for (QChar c : text)
+        if (Accepts(c, allowMinus)) kept.append(c);
+    return kept;
+}
+
 bool NumberKeyFilter::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         auto* key = static_cast<QKeyEvent*>(event);
         const QString text = key->text();
-        // Only character keys are filtered; editing and navigation keys carry no printable text.
-        if (!text.isEmpty() && text.at(0).isPrint() && !Accepts(text.at(0), allowMinus_))
+        // Only character keys are filtered; editing and navigation keys carry no printable text,
+        // and shortcuts (Ctrl+V) go on to the box, whose edit filter sees what they insert.
+        const bool shortcut =
+            key->modifiers() & (Qt::ControlModifier | Qt::MetaModifier | Qt::AltModifier);
+        if (!shortcut && !text.isEmpty() && text.at(0).isPrint() &&
+            !Accepts(text.at(0), allowMinus_))
             return true;
     }
     return QObject::eventFilter(watched, event);
 }
 
 namespace {
+
+// Filters what arrives in one piece (paste, drop): the part between the unchanged head and
+// tail of the text is the insertion, and only that part is filtered, so a value the program
+// put into the box keeps its characters.
+class PasteFilter : public QObject {
+  public:
+    PasteFilter(QLineEdit* box, bool allowMinus) : QObject(box), box_(box), minus_(allowMinus) {
+        before_ = box->text();
+        connect(box, &QLineEdit::textChanged, this, [this](const QString& t) {
+            if (!filtering_) before_ = t;
+        });
+        connect(box, &QLineEdit::textEdited, this, [this](const QString& t) { Filter(t); });
+    }
+
+  private:
+    void Filter(const QString& after) {
+        const QString old = before_;
+        qsizetype head = 0;
+        while (head < old.size() && head < after.size() && old[head] == after[head]) ++head;
+        qsizetype tail = 0;
+        while (tail < old.size() - head && tail < after.size() - head &&
+               old[old.size() - 1 - tail] == after[after.size() - 1 - tail])
+            ++tail;
+        const QString inserted = after.mid(head, after.size() - head - tail);
+        const QString kept = NumberKeyFilter::Filtered(inserted, minus_);
+        if (kept.size() == inserted.size()) {
+            before_ = after;
+            return;
+        }
+        const QString fixed = after.left(head) + kept + after.right(tail);
+        filtering_ = true;
+        box_->setText(fixed);
+        box_->setCursorPosition(static_cast<int>(head + kept.size()));
+        filtering_ = false;
+        before_ = fixed;
+    }
+
+    QLineEdit* box_;
+    bool minus_;
+    bool filtering_ = false;
+    QString before_;
+};
+
 constexpr QRgb kBlinkGreys[] = {0x000000, 0x404040, 0x808080, 0xC0C0C0, 0xE0E0E0};
 constexpr int kBlinkPhases = 8;  // down the greys and back up
 
@@ -81,14 +137,19 @@ QGroupBox* SequenceFrame(QWidget* parent, const QString& name,
     return frame;
 }
 
-std::vector<std::pair<QString, QString>> AutoSequenceSteps(const QString& lastStepName) {
-    return {{QString(), QStringLiteral("1. Flow Configuration Mode")},
-            {QString(), QStringLiteral("2. Primary Device and Pipe Setup")},
-            {QString(), QStringLiteral("3. Fluid Type Setup")},
-            {QString(), QStringLiteral("4. Natural Gas Setup")},
-            {QString(), QStringLiteral("5. Fluid Operating Range Setup")},
-            {QString(), QStringLiteral("6. Fluid Physical Property Setup")},
-            {lastStepName, QStringLiteral("7. Apply Flow Configuration")}};
+std::vector<std::pair<QString, QString>> AutoSequenceSteps(int namedStep,
+                                                           const QString& labelName) {
+    std::vector<std::pair<QString, QString>> steps = {
+        {QString(), QStringLiteral("1. Flow Configuration Mode")},
+        {QString(), QStringLiteral("2. Primary Device and Pipe Setup")},
+        {QString(), QStringLiteral("3. Fluid Type Setup")},
+        {QString(), QStringLiteral("4. Natural Gas Setup")},
+        {QString(), QStringLiteral("5. Fluid Operating Range Setup")},
+        {QString(), QStringLiteral("6. Fluid Physical Property Setup")},
+        {QString(), QStringLiteral("7. Apply Flow Configuration")}};
+    if (namedStep >= 1 && namedStep <= 7)
+        steps[static_cast<std::size_t>(namedStep - 1)].first = labelName;
+    return steps;
 }
 
 std::vector<std::pair<QString, QString>> BasicSequenceSteps(const QString& lastStepName) {
@@ -109,34 +170,106 @@ void ShowNumber(QLineEdit* box, double value) {
     box->setText(value == kNotEntered ? QString() : QString::fromStdString(qdf::NumToText(value)));
 }
 
-int TempUnitIndex(std::int32_t code, const std::string& location) {
-    if (location == "Japan") {
-        // deg F is not offered there.
-        if (code == 32) return 0;
-        if (code == 35) return 1;
-        return -1;
-    }
-    if (code == 32) return 0;
-    if (code == 33) return 1;
-    if (code == 35) return 2;
-    return -1;
-}
-
-int PressUnitIndex(std::int32_t code, const std::string& location) {
-    if (location == "Japan") {
-        // psi and the other non-SI pressure units are not offered there.
-        constexpr std::int32_t kShort[] = {7, 8, 11, 12, 14, 237, 241};
-        for (int i = 0; i < 7; ++i)
-            if (kShort[i] == code) return i;
-        return -1;
-    }
-    if (code >= 1 && code <= 14) return code - 1;
-    if (code >= 237 && code <= 241) return code - 237 + 14;
-    return -1;
-}
-
 void FillList(QComboBox* box, const std::vector<std::string>& texts) {
     for (const auto& t : texts) box->addItem(QString::fromStdString(t));
+}
+
+QLineEdit* NumberBox(QWidget* parent, const char* name, bool allowMinus) {
+    auto* box = new QLineEdit(parent);
+    box->setObjectName(QString::fromLatin1(name));
+    box->installEventFilter(new NumberKeyFilter(allowMinus, box));
+    new PasteFilter(box, allowMinus);
+    return box;
+}
+
+QComboBox* UnitList(QWidget* parent, const char* name) {
+    auto* box = new QComboBox(parent);
+    box->setObjectName(QString::fromLatin1(name));
+    return box;
+}
+
+void FillUnitList(QComboBox* box, std::span<const UnitEntry> entries, const std::string& location) {
+    box->clear();
+    const bool japan = location == "Japan";
+    for (const UnitEntry& e : entries)
+        if (!japan || e.offeredInJapan)
+            box->addItem(QString::fromUtf8(e.text.data(), static_cast<qsizetype>(e.text.size())),
+                         e.code);
+    box->setCurrentIndex(-1);
+}
+
+void FillDeviceUnitList(QComboBox* box, const std::vector<std::string>& texts,
+                        const std::vector<std::int16_t>& codes, bool pressure,
+                        const std::string& location) {
+    box->clear();
+    const bool japan = location == "Japan";
+    // The lists are parallel; an entry without its code can't be selected or stored.
+    const std::size_t n = std::min(texts.size(), codes.size());
+    for (std::size_t i = 0; i < n; ++i) {
+        if (japan && !qdf::DeviceUnitOfferedInJapan(codes[i], pressure)) continue;
+        box->addItem(QString::fromStdString(texts[i]), static_cast<int>(codes[i]));
+    }
+    box->setCurrentIndex(-1);
+}
+
+void SelectUnit(QComboBox* box, std::int32_t code) {
+    box->setCurrentIndex(box->findData(static_cast<int>(code)));
+}
+
+std::optional<std::int32_t> SelectedUnit(const QComboBox* box) {
+    if (box->currentIndex() < 0) return std::nullopt;
+    const QVariant data = box->currentData();
+    if (!data.isValid()) return std::nullopt;
+    return data.toInt();
+}
+
+void SelectText(QComboBox* box, const std::string& text) {
+    box->setCurrentIndex(box->findText(QString::fromStdString(text), Qt::MatchExactly));
+}
+
+std::string BoxText(const QLineEdit* box) {
+    return box->text().toStdString();
+}
+
+bool BoxIsNumber(const QLineEdit* box) {
+    return qdf::IsNumeric(BoxText(box));
+}
+
+double BoxNumber(const QLineEdit* box) {
+    return qdf::ParseNumber(BoxText(box)).value_or(0.0);
+}
+
+std::string LimitText(double value) {
+    return qdf::NumToTextSingle(static_cast<float>(value));
+}
+
+std::string RangeText(std::string_view before, double low, std::string_view between, double high,
+                      std::string_view after) {
+    std::string text(before);
+    text += LimitText(low);
+    text += between;
+    text += LimitText(high);
+    text += after;
+    return text;
+}
+
+double KPaToPressureUnit(double kPa, std::int32_t code) {
+    switch (code) {
+        case 1:
+        case 4:
+            return qdf::KPaToBar(kPa);
+        case 2:
+        case 5:
+            return qdf::KPaToPsi(kPa);
+        default:
+            return kPa;
+    }
+}
+
+double KelvinToTemperatureUnit(double kelvin, std::int32_t code) {
+    if (code == qdf::kHartDegC) return qdf::KToDegC(kelvin);
+    if (code == qdf::kHartDegF) return qdf::KToDegF(kelvin);
+    return kelvin;
 }
 
 }  // namespace qdf::wizard

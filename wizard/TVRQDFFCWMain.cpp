@@ -269,6 +269,31 @@ void TVRQDFFCWMain::SwitchToSetupMode() {
     SwitchTo(ctlSetupMode1);
 }
 
+bool TVRQDFFCWMain::SwitchToPageNamed(const std::string& name) {
+    using Switch = void (TVRQDFFCWMain::*)();
+    static const std::pair<const char*, Switch> kPages[] = {
+        {"ctlFluidSetup", &TVRQDFFCWMain::SwitchToFluidSetup},
+        {"ctlModeSelection", &TVRQDFFCWMain::SwitchToModeSelection},
+        {"ctlNaturalGasSetupAga", &TVRQDFFCWMain::SwitchToNaturalGasSetupAga},
+        {"ctlNaturalGasSetupGross1", &TVRQDFFCWMain::SwitchToNaturalGasSetupGross1},
+        {"ctlNaturalGasSetupGross2", &TVRQDFFCWMain::SwitchToNaturalGasSetupGross2},
+        {"ctlNaturalGasSetupISO", &TVRQDFFCWMain::SwitchToNaturalGasSetupISO},
+        {"ctlOperatingRangeSetup", &TVRQDFFCWMain::SwitchToOperatingRangeSetup},
+        {"ctlOperatingRangeSatSteam", &TVRQDFFCWMain::SwitchToOperatingRangeSatSteam},
+        {"ctlOperatingRangeLiquid", &TVRQDFFCWMain::SwitchToOperatingRangeLiquid},
+        {"ctlPhysicalPropertySetup", &TVRQDFFCWMain::SwitchToPhysicalPropertySetup},
+        {"ctlPrimaryElementSetup", &TVRQDFFCWMain::SwitchToPrimaryElementSetup},
+        {"ctlSaveAndDownload", &TVRQDFFCWMain::SwitchToSaveAndDownload},
+        {"ctlSetupMode", &TVRQDFFCWMain::SwitchToSetupMode},
+    };
+    for (const auto& [pageName, to] : kPages)
+        if (name == pageName) {
+            (this->*to)();
+            return true;
+        }
+    return false;
+}
+
 void TVRQDFFCWMain::Toolbar1_ButtonClick(const QString& tag) {
     if (!store_ || store_->varsInitialized == qdf::kFalse) return;
     QMenu* menu = nullptr;
@@ -305,18 +330,16 @@ void TVRQDFFCWMain::ApplyDebugRule() {
 }
 
 std::int32_t TVRQDFFCWMain::Ask(const std::string& title, const std::string& text,
-                                std::int32_t kind, std::int32_t buttons,
-                                std::int32_t defaultButton) {
+                                qdf::MessageStyle style) {
     if (!store_ || !store_->SDKManager) return 0;
-    ISDKMessageService* service = store_->SDKManager->SDKMessageService();
-    return service ? service->ShowMessage(title, text, kind, buttons, defaultButton) : 0;
+    return qdf::ShowStyledMessage(store_->SDKManager->SDKMessageService(), title, text, style);
 }
 
 void TVRQDFFCWMain::MenuInitialize_Click() {
     if (!store_) return;
     if (Ask(kTitleWarning,
-            "Flow configuration data will be reset! Are you sure you want to proceed?", 3, 5,
-            7) != 6)
+            "Flow configuration data will be reset! Are you sure you want to proceed?",
+            qdf::kAskDefaultNo) != qdf::sdk::kMessageAnswerYes)
         return;
     qdf::SetUserInputDefaults(*store_);
     qdf::SetCalculationOptionDefaults(*store_);
@@ -413,7 +436,7 @@ void TVRQDFFCWMain::CheckCompatible() {
         "absolute pressure equivalent to the following gauge pressure.\n\nReference pressure : " +
         qdf::NumToText(store_->UI_PressRef) + " " +
         qdf::CodeToText(qdf::kProcessPressureUnits, store_->UI_PressRefUnit);
-    Ask(kTitleWizard, text, 2, 2, 4);
+    Ask(kTitleWizard, text, qdf::kPageNotice);
     store_->UI_PressRef = qdf::kNotEntered;
     store_->UI_PressRefUnit = 0;
 }

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string>
 
+#include "SDKMessages.h"
+
 class ISDKMessageService;
 class QAction;
 class QMenu;
@@ -62,6 +64,9 @@ class TVRQDFFCWMain : public QWidget {
     void SwitchToPrimaryElementSetup();
     void SwitchToSaveAndDownload();
     void SwitchToSetupMode();
+    // The SwitchTo of a page by its control name as the Back stack holds it ("ctlFluidSetup",
+    // ...); false for a name that is no page.
+    bool SwitchToPageNamed(const std::string& name);
 
     // Menu commands.
     void MenuInitialize_Click();
@@ -132,8 +137,7 @@ class TVRQDFFCWMain : public QWidget {
     void SwitchTo(ctlPage* target);
     void ApplyDebugRule();
     void FillCompoundTables();
-    std::int32_t Ask(const std::string& title, const std::string& text, std::int32_t kind,
-                     std::int32_t buttons, std::int32_t defaultButton);
+    std::int32_t Ask(const std::string& title, const std::string& text, qdf::MessageStyle style);
     // Runs a file command if there is an implementation and a frame to talk through.
     bool RunFileCommand(bool (qdf::wizard::IFileCommands::*command)(qdf::clsExGlobalVars&,
                                                                     ISDKMessageService&,

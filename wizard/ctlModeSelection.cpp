@@ -17,14 +17,16 @@ ctlModeSelection::ctlModeSelection(QWidget* parent) : ctlPage(parent) {
     auto* grid = new QGridLayout(this);
 
     std::vector<QLabel*> autoLabels, basicLabels;
-    frameAuto =
-        SequenceFrame(this, QStringLiteral("frameAuto"), AutoSequenceSteps(QString()), &autoLabels);
+    frameAuto = SequenceFrame(this, QStringLiteral("frameAuto"), AutoSequenceSteps(1, QString()),
+                              &autoLabels);
     frameBasic = SequenceFrame(this, QStringLiteral("frameBasic"), BasicSequenceSteps(QString()),
                                &basicLabels);
     grid->addWidget(frameAuto, 0, 0, 2, 1);
     grid->addWidget(frameBasic, 0, 0, 2, 1);
-    BlinkTimerAuto = new BlinkTimer(QStringLiteral("BlinkTimerAuto"), autoLabels.front(), this);
-    BlinkTimerBasic = new BlinkTimer(QStringLiteral("BlinkTimerBasic"), basicLabels.front(), this);
+    BlinkTimerAuto =
+        new qdf::wizard::BlinkTimer(QStringLiteral("BlinkTimerAuto"), autoLabels.front(), this);
+    BlinkTimerBasic =
+        new qdf::wizard::BlinkTimer(QStringLiteral("BlinkTimerBasic"), basicLabels.front(), this);
 
     auto* right = new QVBoxLayout;
     auto* title = new QLabel(QStringLiteral("FLOW CONFIGURATION MODE"), this);

@@ -1,10 +1,15 @@
 #include "ctlPage.h"
 
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 
+#include "PageSupport.h"
 #include "SDKFrame.h"
+#include "TVRQDFFCWMain.h"
 #include "clsExGlobalVars.h"
 
 qdf::clsExGlobalVars* ctlPage::Initialize(qdf::clsExGlobalVars* store) {
@@ -15,6 +20,14 @@ qdf::clsExGlobalVars* ctlPage::Initialize(qdf::clsExGlobalVars* store) {
 void ctlPage::Terminate() {
     StopBlink();
     store_ = nullptr;
+}
+
+void ctlPage::StopBlink() {
+    if (BlinkTimer) BlinkTimer->Stop();
+}
+
+void ctlPage::StartBlink() {
+    if (BlinkTimer) BlinkTimer->start();
 }
 
 void ctlPage::cmdCancel_Click() {
@@ -43,17 +56,66 @@ QPushButton* ctlPage::AddPageButtons(QGridLayout* grid, const QString& forwardNa
     return forward;
 }
 
+QGroupBox* ctlPage::AddAutoSequence(QGridLayout* grid, int step, const QString& labelName) {
+    std::vector<QLabel*> labels;
+    QGroupBox* frame =
+        qdf::wizard::SequenceFrame(this, QStringLiteral("frameAuto"),
+                                   qdf::wizard::AutoSequenceSteps(step, labelName), &labels);
+    grid->addWidget(frame, 0, 0, 2, 1);
+    BlinkTimer = new qdf::wizard::BlinkTimer(QStringLiteral("BlinkTimer"),
+                                             labels.at(static_cast<std::size_t>(step - 1)), this);
+    return frame;
+}
+
 TVRQDFFCWMain* ctlPage::Main() const {
     return store_ ? store_->FCWMain : nullptr;
 }
 
 std::int32_t ctlPage::ShowMessage(const std::string& title, const std::string& text,
-                                  std::int32_t kind, std::int32_t buttons,
-                                  std::int32_t defaultButton) const {
+                                  qdf::MessageStyle style) const {
     if (!store_ || !store_->SDKManager) return 0;
-    ISDKMessageService* service = store_->SDKManager->SDKMessageService();
-    if (!service) return 0;
-    return service->ShowMessage(title, text, kind, buttons, defaultButton);
+    return qdf::ShowStyledMessage(store_->SDKManager->SDKMessageService(), title, text, style);
+}
+
+void ctlPage::Notify(const std::string& title, const std::string& text) const {
+    ShowMessage(title, text, qdf::kPageNotice);
+}
+
+void ctlPage::Refuse(const std::string& text, QWidget* focus) const {
+    Notify(qdf::kTitleWizard, text);
+    if (focus) focus->setFocus();
+}
+
+void ctlPage::RefuseSelecting(const std::string& text, QLineEdit* box) const {
+    Notify(qdf::kTitleWizard, text);
+    SelectAndFocus(box);
+}
+
+std::optional<double> ctlPage::RequireNumber(QLineEdit* box, const std::string& emptyText,
+                                             const std::string& badText, bool selectOnBad) const {
+    if (box->text().isEmpty()) {
+        Refuse(emptyText, box);
+        return std::nullopt;
+    }
+    if (!qdf::wizard::BoxIsNumber(box)) {
+        if (selectOnBad)
+            RefuseSelecting(badText, box);
+        else
+            Refuse(badText, box);
+        return std::nullopt;
+    }
+    return qdf::wizard::BoxNumber(box);
+}
+
+bool ctlPage::AskToKeep(const std::string& text, QLineEdit* box, qdf::MessageStyle style) const {
+    if (ShowMessage(qdf::kTitleWizard, text, style) == qdf::sdk::kMessageAnswerYes) return true;
+    SelectAndFocus(box);
+    return false;
+}
+
+void ctlPage::SelectAndFocus(QLineEdit* box) {
+    box->selectAll();
+    box->setFocus();
 }
 
 void ctlPage::CommonCancel(bool onApplyPage) {
@@ -62,20 +124,39 @@ void ctlPage::CommonCancel(bool onApplyPage) {
     store_->Mgt_ConfigCompleteFlag = onApplyPage ? 1 : 0;
     if (onApplyPage) store_->Gbl_ReadyToDownload = qdf::kTrue;
     store_->ClearPageList();
-    store_->CurrentPage = 0;
     // Nothing goes to the business object: inputs since the last Apply are dropped on purpose.
     if (store_->SDKManager) store_->SDKManager->CloseModule(store_->moduleID);
 }
 
-std::string ctlPage::PopPageList() {
-    store_->PageList[store_->CurrentPage] = std::string();
-    if (store_->CurrentPage <= 0) return {};
-    --store_->CurrentPage;
-    return store_->PageList[store_->CurrentPage];
+void ctlPage::GoBack(std::initializer_list<const char*> from) {
+    if (!store_) return;
+    qdf::clsExGlobalVars& s = *store_;
+    std::string previous;
+    // A stack index outside its bounds (a damaged persisted store) leaves the page where it is.
+    try {
+        s.PageList[s.CurrentPage] = std::string();
+        if (s.CurrentPage <= 0) return;
+        --s.CurrentPage;
+        previous = s.PageList[s.CurrentPage];
+    } catch (const std::exception&) {
+        return;
+    }
+    for (const char* name : from)
+        if (previous == name) {
+            if (Main()) Main()->SwitchToPageNamed(previous);
+            return;
+        }
 }
 
-void ctlPage::PushPageList(const std::string& current, const std::string& next) {
-    store_->PageList[store_->CurrentPage] = current;
-    ++store_->CurrentPage;
-    store_->PageList[store_->CurrentPage] = next;
+void ctlPage::GoForward(const std::string& current, const std::string& next) {
+    if (!store_) return;
+    qdf::clsExGlobalVars& s = *store_;
+    try {
+        s.PageList[s.CurrentPage] = current;
+        ++s.CurrentPage;
+        s.PageList[s.CurrentPage] = next;
+    } catch (const std::exception&) {
+        return;
+    }
+    if (Main()) Main()->SwitchToPageNamed(next);
 }

@@ -20,7 +20,7 @@ ctlSaveAndDownload::ctlSaveAndDownload(QWidget* parent) : ctlPage(parent) {
 
     std::vector<QLabel*> autoLabels, basicLabels;
     frameAuto = SequenceFrame(this, QStringLiteral("frameAuto"),
-                              AutoSequenceSteps(QStringLiteral("lblSaveSetup")), &autoLabels);
+                              AutoSequenceSteps(7, QStringLiteral("lblSaveSetup")), &autoLabels);
     frameBasic =
         SequenceFrame(this, QStringLiteral("frameBasic"),
                       BasicSequenceSteps(QStringLiteral("lblSaveAndDownload")), &basicLabels);
@@ -75,7 +75,7 @@ void ctlSaveAndDownload::cmdSave_Click() {
                     "You are not allowed to save and download data! Only maintenance and "
                     "planningEngineer users are allowed to write data! All inputs will be lost on "
                     "close of this module.",
-                    1, 2, 4);
+                    qdf::kStopNotice);
     } else {
         // No failure of the download or the persistence is reported: each step that fails
         // simply lets the next one run.
@@ -100,13 +100,7 @@ void ctlSaveAndDownload::cmdSave_Click() {
 }
 
 void ctlSaveAndDownload::cmdBack_Click() {
-    if (!store_) return;
-    const std::string previous = PopPageList();
-    if (!Main()) return;
-    if (previous == "ctlPhysicalPropertySetup")
-        Main()->SwitchToPhysicalPropertySetup();
-    else if (previous == "ctlSetupMode")
-        Main()->SwitchToSetupMode();
+    GoBack({"ctlPhysicalPropertySetup", "ctlSetupMode"});
 }
 
 void ctlSaveAndDownload::cmdCancel_Click() {

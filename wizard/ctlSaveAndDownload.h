@@ -28,6 +28,6 @@ class ctlSaveAndDownload : public ctlPage {
     QPushButton* cmdSave;
     QGroupBox* frameAuto;
     QGroupBox* frameBasic;
-    qdf::wizard::BlinkTimer* BlinkTimer;
+    // BlinkTimer (of the base) blinks the Auto Compensation frame's last step.
     qdf::wizard::BlinkTimer* BlinkTimerBasic;
 };

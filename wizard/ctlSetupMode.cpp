@@ -23,30 +23,8 @@ using namespace qdf::wizard;
 
 namespace {
 
-QLineEdit* NumberBox(QWidget* parent, const char* name) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(QString::fromLatin1(name));
-    // A minus sign is dropped here, unlike on the Auto Compensation pages.
-    box->installEventFilter(new NumberKeyFilter(false, box));
-    return box;
-}
-
-QComboBox* UnitList(QWidget* parent, const char* name) {
-    auto* box = new QComboBox(parent);
-    box->setObjectName(QString::fromLatin1(name));
-    return box;
-}
-
 std::string Left(const std::string& s, std::size_t n) {
     return s.substr(0, std::min(n, s.size()));
-}
-
-// Position of a text in a unit list, or -1.
-int Position(const qdf::DynArray<std::string>& texts, const QString& text) {
-    const std::string t = text.toStdString();
-    for (std::int64_t i = 0; i < static_cast<std::int64_t>(texts.size()); ++i)
-        if (texts[i] == t) return static_cast<int>(i);
-    return -1;
 }
 
 }  // namespace
@@ -78,12 +56,13 @@ ctlSetupMode::ctlSetupMode(QWidget* parent) : ctlPage(parent) {
     right->addWidget(fluid);
 
     auto* form = new QGridLayout;
-    txtRefTemp = NumberBox(this, "txtRefTemp");
+    // A minus sign is dropped here, unlike on the Auto Compensation pages.
+    txtRefTemp = NumberBox(this, "txtRefTemp", false);
     cboRefTemp = UnitList(this, "cboRefTemp");
-    txtRefStPress = NumberBox(this, "txtRefStPress");
+    txtRefStPress = NumberBox(this, "txtRefStPress", false);
     cboRefStPres = UnitList(this, "cboRefStPres");
-    txtKFactor = NumberBox(this, "txtKFactor");
-    txtTempK1 = NumberBox(this, "txtTempK1");
+    txtKFactor = NumberBox(this, "txtKFactor", false);
+    txtTempK1 = NumberBox(this, "txtTempK1", false);
     form->addWidget(new QLabel(QStringLiteral("Reference temperature (Tb):"), this), 0, 0);
     form->addWidget(txtRefTemp, 0, 1);
     form->addWidget(cboRefTemp, 0, 2);
@@ -109,10 +88,6 @@ qdf::clsExGlobalVars* ctlSetupMode::Initialize(qdf::clsExGlobalVars* store) {
     return ctlPage::Initialize(store);
 }
 
-void ctlSetupMode::StopBlink() {
-    BlinkTimer->Stop();
-}
-
 void ctlSetupMode::ClearLists() {
     cboRefTemp->clear();
     cboRefStPres->clear();
@@ -127,9 +102,12 @@ void ctlSetupMode::SetTempK1Open(bool open) {
 
 void ctlSetupMode::UpdateImportedVars() {
     if (!store_) return;
-    ClearLists();
-    FillList(cboRefTemp, store_->temp_units.copy());
-    FillList(cboRefStPres, store_->press_units.copy());
+    const std::string& location = store_->strCorvanePCLocation;
+    // The device's own lists, selected by code: positions differ from device to device.
+    FillDeviceUnitList(cboRefTemp, store_->temp_units.copy(), store_->temp_units_index.copy(),
+                       false, location);
+    FillDeviceUnitList(cboRefStPres, store_->press_units.copy(), store_->press_units_index.copy(),
+                       true, location);
 
     const bool liquid = store_->Xmtr_SimpleFluidTypeCode == 1;
     optLiquid->setChecked(liquid);
@@ -141,18 +119,10 @@ void ctlSetupMode::UpdateImportedVars() {
     ShowNumber(txtKFactor, store_->Xmtr_SimpleFlowCalcFixedVar);
     if (liquid) ShowNumber(txtTempK1, store_->Xmtr_SimpleTempK1ForLqdVar);
 
-    const std::string& location = store_->strCorvanePCLocation;
-    const int t = TempUnitIndex(store_->Xmtr_SimpleTempUnit, location);
-    cboRefTemp->setCurrentIndex(t < cboRefTemp->count() ? t : -1);
-    const int p = PressUnitIndex(store_->Xmtr_SimpleStaticPressUnit, location);
-    cboRefStPres->setCurrentIndex(p < cboRefStPres->count() ? p : -1);
+    SelectUnit(cboRefTemp, store_->Xmtr_SimpleTempUnit);
+    SelectUnit(cboRefStPres, store_->Xmtr_SimpleStaticPressUnit);
 
-    BlinkTimer->start();
-}
-
-void ctlSetupMode::Refuse(const char* text, QWidget* focus) {
-    ShowMessage(kTitleWizard, text, 2, 2, 4);
-    if (focus) focus->setFocus();
+    StartBlink();
 }
 
 void ctlSetupMode::cmdNext_Click() {
@@ -160,53 +130,38 @@ void ctlSetupMode::cmdNext_Click() {
     const bool liquid = optLiquid->isChecked();
     if (!liquid && !optGas->isChecked()) return Refuse("Please select fluid type", nullptr);
 
-    struct Box {
-        QLineEdit* box;
-        const char* empty;
-        const char* bad;
-    };
-    auto check = [this](const Box& b) {
-        const std::string text = b.box->text().toStdString();
-        if (text.empty()) {
-            Refuse(b.empty, b.box);
-            return false;
-        }
-        if (!qdf::IsNumeric(text)) {
-            Refuse(b.bad, b.box);
-            return false;
-        }
-        return true;
-    };
-    if (!check({txtRefTemp, "Please fill out reference temperature ",
-                "Please enter a correct number for reference temperature!"}))
-        return;
-    if (cboRefTemp->currentIndex() < 0 || cboRefTemp->currentText().isEmpty())
+    const auto refTemp = RequireNumber(txtRefTemp, "Please fill out reference temperature ",
+                                       "Please enter a correct number for reference temperature!");
+    if (!refTemp) return;
+    const auto tempUnit = SelectedUnit(cboRefTemp);
+    if (!tempUnit)
         return Refuse("Please make a selection for reference temperature unit", cboRefTemp);
-    if (!check({txtRefStPress, "Please fill out reference static pressure ",
-                "Please enter a correct number for reference static pressure!"}))
-        return;
-    if (cboRefStPres->currentIndex() < 0 || cboRefStPres->currentText().isEmpty())
+    const auto refPress =
+        RequireNumber(txtRefStPress, "Please fill out reference static pressure ",
+                      "Please enter a correct number for reference static pressure!");
+    if (!refPress) return;
+    const auto pressUnit = SelectedUnit(cboRefStPres);
+    if (!pressUnit)
         return Refuse("Please make a selection for reference static pressure unit", cboRefStPres);
-    if (!check({txtKFactor, "Please fill out K factor ",
-                "Please enter a correct number for K factor!"}))
-        return;
-    if (liquid && !check({txtTempK1, "Please fill out temperature K1 ",
-                          "Please enter a correct number for temp K1!"}))
-        return;
+    const auto kFactor = RequireNumber(txtKFactor, "Please fill out K factor ",
+                                       "Please enter a correct number for K factor!");
+    if (!kFactor) return;
+    std::optional<double> tempK1;
+    if (liquid) {
+        tempK1 = RequireNumber(txtTempK1, "Please fill out temperature K1 ",
+                               "Please enter a correct number for temp K1!");
+        if (!tempK1) return;
+    }
 
     qdf::clsExGlobalVars& s = *store_;
     const std::int32_t fluid = liquid ? 1 : 2;
     s.Xmtr_SimpleFluidTypeCode = fluid;
     s.Xmtr_FluidTypeCode = fluid;
     s.Xmtr_SimpleDensityBase = 0.0;
-    s.Xmtr_SimpleRefTemp = *qdf::ParseNumber(txtRefTemp->text().toStdString());
-    const int ti = Position(s.temp_units, cboRefTemp->currentText());
-    if (ti >= 0 && ti < static_cast<int>(s.temp_units_index.size()))
-        s.Xmtr_SimpleTempUnit = s.temp_units_index[ti];
-    s.Xmtr_SimpleRefStaticPress = *qdf::ParseNumber(txtRefStPress->text().toStdString());
-    const int pi = Position(s.press_units, cboRefStPres->currentText());
-    if (pi >= 0 && pi < static_cast<int>(s.press_units_index.size()))
-        s.Xmtr_SimpleStaticPressUnit = s.press_units_index[pi];
+    s.Xmtr_SimpleRefTemp = *refTemp;
+    s.Xmtr_SimpleTempUnit = *tempUnit;
+    s.Xmtr_SimpleRefStaticPress = *refPress;
+    s.Xmtr_SimpleStaticPressUnit = *pressUnit;
     if (s.BusID == "FFH1") {
         s.XmtrFF_FtbTempUnitCode = qdf::host::FFTempUnitFromHart(s.Xmtr_SimpleTempUnit);
         s.XmtrFF_FtbStaticPressUnit = qdf::host::FFPressUnitFromHart(s.Xmtr_SimpleStaticPressUnit);
@@ -214,12 +169,10 @@ void ctlSetupMode::cmdNext_Click() {
     s.Xmtr_CONFIG_SOFT_REV = Left(s.Mgt_CfgSoftRev, 16);
     s.Xmtr_CONFIG_DATE = Left(s.Mgt_ConfDate, 16);
     s.Xmtr_CONFIG_WHO = Left(s.Mgt_UserName, 32);
-    s.Xmtr_SimpleFlowCalcFixedVar = *qdf::ParseNumber(txtKFactor->text().toStdString());
-    s.Xmtr_SimpleTempK1ForLqdVar =
-        liquid ? *qdf::ParseNumber(txtTempK1->text().toStdString()) : 0.0;
+    s.Xmtr_SimpleFlowCalcFixedVar = *kFactor;
+    s.Xmtr_SimpleTempK1ForLqdVar = liquid ? *tempK1 : 0.0;
 
-    PushPageList("ctlSetupMode", "ctlSaveAndDownload");
-    if (Main()) Main()->SwitchToSaveAndDownload();
+    GoForward("ctlSetupMode", "ctlSaveAndDownload");
 }
 
 void ctlSetupMode::cmdBack_Click() {

@@ -10,10 +10,6 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 
-namespace qdf::wizard {
-class BlinkTimer;
-}
-
 class ctlSetupMode : public ctlPage {
     Q_OBJECT
   public:
@@ -22,7 +18,6 @@ class ctlSetupMode : public ctlPage {
     qdf::clsExGlobalVars* Initialize(qdf::clsExGlobalVars* store) override;
     void UpdateImportedVars() override;
     void ClearLists() override;
-    void StopBlink() override;
 
     void cmdNext_Click();
     void cmdBack_Click() override;
@@ -36,11 +31,8 @@ class ctlSetupMode : public ctlPage {
     QLineEdit* txtKFactor;
     QLineEdit* txtTempK1;
     QPushButton* cmdNext;
-    qdf::wizard::BlinkTimer* BlinkTimer;
 
   private:
     // Temp K1 is a liquid's value only: closed, emptied and greyed for gas.
     void SetTempK1Open(bool open);
-    // Refusal: the message, then the focus to the box at fault (if any).
-    void Refuse(const char* text, QWidget* focus);
 };

@@ -248,8 +248,11 @@ TEST(StoreArrays, WholeArrayGetCopiesAndSetWalksTheStoreBounds) {
     EXPECT_EQ(s.c[3], 0.0);
 
     s.PageList[3] = "ctlFluidSetup";
+    s.CurrentPage = 3;
     s.ClearPageList();
     EXPECT_EQ(s.PageList[3], "");
+    // Every caller starts the path again: a Back after it must find the bottom of the stack.
+    EXPECT_EQ(s.CurrentPage, 0);
 }
 
 TEST(StoreRegistry, MembersByNameConvertLikeTheStoreSetters) {

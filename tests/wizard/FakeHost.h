@@ -96,16 +96,28 @@ inline void PrepareStore(clsExGlobalVars& s, FakeHost& host, const std::string& 
     s.moduleID = "M1";
     s.BusID = bus;
     s.strCorvanePCLocation = location;
-    std::vector<std::string> press, temp;
-    if (location == "Japan") {
-        press = {"7:bar", "8:mbar", "11:Pa", "12:kPa", "14:atm", "237:MPa", "241:hPa"};
-        temp = {"32:degC", "35:Kelvin"};
-    } else {
-        for (int c = 1; c <= 14; ++c) press.push_back(std::to_string(c) + ":P" + std::to_string(c));
-        for (int c = 237; c <= 241; ++c)
-            press.push_back(std::to_string(c) + ":P" + std::to_string(c));
-        temp = {"32:degC", "33:degF", "35:Kelvin"};
-    }
+    // A HART device delivers its full enumeration wherever it stands; the location only
+    // decides what the pages offer of it.
+    const std::vector<std::string> press = {"1:inH2O @ 68degF",
+                                            "2:inHg",
+                                            "3:ftH2O @ 68degF",
+                                            "4:mmH2O @ 68degF",
+                                            "5:mmHg",
+                                            "6:psi",
+                                            "7:bar",
+                                            "8:mbar",
+                                            "9:g/cm2",
+                                            "10:kg/cm2",
+                                            "11:Pa",
+                                            "12:kPa",
+                                            "13:torr",
+                                            "14:atm",
+                                            "237:MPa",
+                                            "238:inH2O",
+                                            "239:mmH2O",
+                                            "240:ftH2O",
+                                            "241:hPa"};
+    const std::vector<std::string> temp = {"32:degC", "33:degF", "35:Kelvin"};
     // On HART the lists come from the device as given; other buses use the fixed lists.
     s.InitializeUnits(Value(press), Value(temp), Value("TAG"), Value(std::int32_t(level)),
                       Value("someone"));

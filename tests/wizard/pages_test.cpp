@@ -1,4 +1,6 @@
 #include <QAbstractButton>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -126,30 +128,69 @@ TEST_F(WizardFixture, BasicPageNumberBoxesDropMinusAndLetters) {
     EXPECT_TRUE(wizard::NumberKeyFilter::Accepts(QChar('-'), true));
 }
 
-// Catches unit lists selected by code instead of by the location's list positions.
+// Catches pasted or dropped text that bypasses the key filter: a paste arrives in one piece
+// and never passes the key event filter.
+TEST_F(WizardFixture, NumberBoxesFilterPastedText) {
+    Open();
+    main->show();
+    main->SwitchToSetupMode();
+    QLineEdit* box = Basic().txtKFactor;
+    box->setText("12");
+    box->setCursorPosition(1);
+    QGuiApplication::clipboard()->setText(QStringLiteral("-7x,5"));
+    box->paste();
+    EXPECT_EQ(box->text(), "17,52");
+    EXPECT_EQ(box->cursorPosition(), 4);
+    // Ctrl+V takes the same road as the context menu's paste.
+    box->clear();
+    QGuiApplication::clipboard()->setText(QStringLiteral("-3e-2"));
+    QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box->text(), "3e2");
+
+    // A box that takes the minus keeps it in a paste; what the program shows stays as it is.
+    std::unique_ptr<QLineEdit> withMinus(wizard::NumberBox(nullptr, "txtAny"));
+    withMinus->setText("-999999");
+    EXPECT_EQ(withMinus->text(), "-999999");
+    withMinus->clear();
+    QGuiApplication::clipboard()->setText(QStringLiteral("-1.5 kPa"));
+    withMinus->paste();
+    EXPECT_EQ(withMinus->text(), "-1.5");
+}
+
+// Catches unit lists selected by list position: on a HART device the device's own
+// enumeration is shown, so positions of the short table point at the wrong units.
 TEST_F(WizardFixture, BasicPageUnitSelectionFollowsLocation) {
     Open("HART", 2, "Japan");
     s.Xmtr_SimpleTempUnit = 33;  // deg F is not offered in Japan
-    s.Xmtr_SimpleStaticPressUnit = 237;
+    s.Xmtr_SimpleStaticPressUnit = 12;
     s.Xmtr_SimpleRefTemp = 15;
     s.Xmtr_SimpleRefStaticPress = 0;
     s.Xmtr_SimpleFlowCalcFixedVar = 1;
     s.Xmtr_SimpleFluidTypeCode = 2;
     main->SwitchToSetupMode();
     EXPECT_EQ(Basic().cboRefTemp->currentIndex(), -1);
-    EXPECT_EQ(Basic().cboRefStPres->currentIndex(), 5);
+    EXPECT_EQ(Basic().cboRefStPres->currentText(), "kPa");
     EXPECT_EQ(Basic().txtRefStPress->text(), "0");
     Basic().cmdNext->click();
     ASSERT_EQ(host.Texts(),
               std::vector<std::string>{"Please make a selection for reference temperature unit"});
     s.Xmtr_SimpleTempUnit = 35;
     main->SwitchToSetupMode();
-    EXPECT_EQ(Basic().cboRefTemp->currentIndex(), 1);
+    EXPECT_EQ(Basic().cboRefTemp->currentText(), "Kelvin");
+    Basic().cmdNext->click();
+    EXPECT_EQ(s.Xmtr_SimpleStaticPressUnit, 12);
+    EXPECT_EQ(s.Xmtr_SimpleTempUnit, 35);
 
     for (const testdata::Row& r : testdata::Load("tests/wizard/data/unit_list_positions.csv")) {
-        const auto index =
-            r.text("list") == "temperature" ? wizard::TempUnitIndex : wizard::PressUnitIndex;
-        EXPECT_EQ(index(r.integer("code"), r.text("location")), r.integer("index")) << r.where();
+        host.messages.clear();
+        main.reset();
+        Open(r.text("bus"), 2, r.text("location"));
+        const bool temperature = r.text("list") == "temperature";
+        (temperature ? s.Xmtr_SimpleTempUnit : s.Xmtr_SimpleStaticPressUnit) =
+            static_cast<std::int32_t>(r.integer("code"));
+        main->SwitchToSetupMode();
+        const QComboBox* list = temperature ? Basic().cboRefTemp : Basic().cboRefStPres;
+        EXPECT_EQ(list->currentText().toStdString(), r.text("shown")) << r.where();
     }
 }
 
