@@ -8,11 +8,12 @@ int cmdProp(const std::vector<std::string>& args, Io io);
 int cmdWizard(const std::vector<std::string>& args, Io io);
 int cmdQmv(const std::vector<std::string>& args, Io io);
 int cmdCalc(const std::vector<std::string>& args, Io io);
+int cmdBatch(const std::vector<std::string>& args, Io io);
 
 std::span<const Command> commands() {
     static const Command table[] = {
         {"defaults", cmdDefaults}, {"prop", cmdProp}, {"wizard", cmdWizard},
-        {"qmv", cmdQmv},           {"calc", cmdCalc},
+        {"qmv", cmdQmv},           {"calc", cmdCalc}, {"batch", cmdBatch},
     };
     return table;
 }
