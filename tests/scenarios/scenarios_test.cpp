@@ -39,9 +39,10 @@ QApplication& App() {
 
 using Writes = std::map<std::string, qdf::Value>;
 
+// A script names its device (under data/devices/) and whether the installation runs with the
+// debug flag, which some fluids need.
 struct Scenario {
-    const char* script;  // under examples/scripts/ (or data/demo/)
-    const char* device;  // under data/devices/
+    const char* script;
 };
 
 std::string Source(const std::string& relative) {
@@ -53,11 +54,17 @@ class Scenarios : public ::testing::TestWithParam<Scenario> {
     void SetUp() override {
         App();
         ASSERT_TRUE(dir.isValid());
+    }
+
+    void WriteRegistry(bool debug) {
         const QString reg = dir.filePath("registry.ini");
         QFile f(reg);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(("[SOFTWARE\\TAVRIN\\DTMs\\SondraCommon]\nPath=" + dir.path().toStdString() + "/\n")
-                    .c_str());
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        const std::string text =
+            "[SOFTWARE\\TAVRIN\\DTMs\\SondraCommon]\nPath=" + dir.path().toStdString() +
+            "/\n\n[SOFTWARE\\TAVRIN\\DTMs\\QDFSondra]\nMgt_DebugModeFlag=" + (debug ? "1" : "0") +
+            "\n";
+        f.write(text.c_str());
         f.close();
         setenv("QDF_REGISTRY", reg.toLocal8Bit().constData(), 1);
     }
@@ -67,6 +74,8 @@ class Scenarios : public ::testing::TestWithParam<Scenario> {
     Writes Play(const Scenario& sc, const std::string& qmv, std::string* rows) {
         std::ifstream in(Source(sc.script));
         nlohmann::json script = nlohmann::json::parse(in);
+        WriteRegistry(script.value("debug", false));
+        const std::string device = "data/devices/" + script.value("device", "qdf300_hart.json");
         auto& steps = script["steps"];
         for (std::size_t i = 0; i < steps.size(); ++i)
             if (steps[i].value("click", "") == "cmdSave") {
@@ -86,7 +95,7 @@ class Scenarios : public ::testing::TestWithParam<Scenario> {
             dialogs.answers.push_back({p, false});
         };
         QString deviceError;
-        EXPECT_TRUE(host.AddDeviceFile(QString::fromStdString(Source(sc.device)), &deviceError))
+        EXPECT_TRUE(host.AddDeviceFile(QString::fromStdString(Source(device)), &deviceError))
             << deviceError.toStdString();
         host.OpenModule(0, new TVRQDFFlowConfigWizard(),
                         [](ISDKModule* m) { delete static_cast<TVRQDFFlowConfigWizard*>(m); });
@@ -163,7 +172,17 @@ TEST_P(Scenarios, WritesMatchTheRecalculatedSavedConfiguration) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, Scenarios,
-                         ::testing::Values(Scenario{"data/demo/basic_hart.json",
-                                                    "data/devices/qdf300_hart.json"}));
+                         ::testing::Values(Scenario{"data/demo/basic_hart.json"},
+                                           Scenario{"examples/scripts/ethane_orifice_hart.json"},
+                                           Scenario{"examples/scripts/steam_nozzle_ffh1.json"},
+                                           Scenario{"examples/scripts/water_venturi_hart.json"}),
+                         [](const auto& info) {
+                             std::string name = info.param.script;
+                             name = name.substr(name.rfind('/') + 1);
+                             name = name.substr(0, name.find('.'));
+                             for (char& c : name)
+                                 if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+                             return name;
+                         });
 
 }  // namespace
