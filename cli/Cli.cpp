@@ -15,7 +15,8 @@ const char* const kUsage =
     "       qdf prop OPERATION   (rows on standard input)\n"
     "       qdf qmv dump FILE.qmv | qdf qmv write IN.json OUT.qmv\n"
     "       qdf calc FILE.qmv [--xmtr F.csv] [--calc F.csv] [--ui F.csv] [--report F.csv]\n"
-    "       qdf wizard --device DEVICE.json --script SCRIPT.json\n";
+    "       qdf wizard --device DEVICE.json --script SCRIPT.json\n"
+    "       qdf diff A B   (QMV or JSON files)\n";
 
 }  // namespace
 

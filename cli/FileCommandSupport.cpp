@@ -2,6 +2,7 @@
 
 #include "Cli.h"
 #include "ComponentTables.h"
+#include "ModBinary.h"
 
 namespace qdf::cli {
 
@@ -40,6 +41,40 @@ void BuildCatalogue() {
         return true;
     }();
     (void)built;
+}
+
+namespace {
+
+nlohmann::ordered_json ValueJson(const Value& v) {
+    switch (v.kind()) {
+        case Value::Kind::String:
+            return v.str();
+        case Value::Kind::Int16:
+        case Value::Kind::Int32:
+            return static_cast<std::int64_t>(v.toDouble());
+        default:
+            return v.toDouble();
+    }
+}
+
+}  // namespace
+
+bool QmvMembersJson(std::span<const std::uint8_t> bytes, nlohmann::ordered_json& members) {
+    std::vector<QmvMemberValue> values;
+    const bool whole = ParseBinaryBytes(bytes, values);
+    members = nlohmann::ordered_json::object();
+    for (const QmvMemberValue& m : values) {
+        const std::string name(m.member);
+        if (m.index < 0) {
+            members[name] = ValueJson(m.value);
+            continue;
+        }
+        auto& array = members[name];
+        if (!array.is_array()) array = nlohmann::ordered_json::array();
+        while (array.size() <= static_cast<std::size_t>(m.index)) array.push_back(nullptr);
+        array[static_cast<std::size_t>(m.index)] = ValueJson(m.value);
+    }
+    return whole;
 }
 
 }  // namespace qdf::cli

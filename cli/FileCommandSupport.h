@@ -2,7 +2,9 @@
 // Shared by the file commands (qmv, calc): JSON output, one member per line, numbers in the
 // tool's 17-digit form; and the component catalogue that old files' fluid names need.
 
+#include <cstdint>
 #include <ostream>
+#include <span>
 #include <string>
 
 #include <nlohmann/json.hpp>
@@ -16,5 +18,10 @@ void PrintJsonObject(std::ostream& out, const nlohmann::ordered_json& object);
 
 // Fills the property engine's component tables once, so fluid names translate.
 void BuildCatalogue();
+
+// What a QMV file's bytes carry, as one object keyed by member name (arrays in index order, the
+// elements the file does not reach null). False when the file is cut short; the object then holds
+// what was read up to there.
+bool QmvMembersJson(std::span<const std::uint8_t> bytes, nlohmann::ordered_json& members);
 
 }  // namespace qdf::cli

@@ -18,18 +18,6 @@ namespace qdf::cli {
 
 namespace {
 
-nlohmann::ordered_json ValueJson(const Value& v) {
-    switch (v.kind()) {
-        case Value::Kind::String:
-            return v.str();
-        case Value::Kind::Int16:
-        case Value::Kind::Int32:
-            return static_cast<std::int64_t>(v.toDouble());
-        default:
-            return v.toDouble();
-    }
-}
-
 int Dump(const std::string& path, Io io) {
     std::ifstream in(path, std::ios::binary);
     if (!in) {
@@ -38,8 +26,8 @@ int Dump(const std::string& path, Io io) {
     }
     const std::vector<std::uint8_t> bytes((std::istreambuf_iterator<char>(in)),
                                           std::istreambuf_iterator<char>());
-    std::vector<QmvMemberValue> values;
-    const bool whole = ParseBinaryBytes(bytes, values);
+    nlohmann::ordered_json out;
+    const bool whole = QmvMembersJson(bytes, out);
 
     // The status is what loading the file into a new configuration gives.
     clsExGlobalVars store;
@@ -47,18 +35,6 @@ int Dump(const std::string& path, Io io) {
     BuildCatalogue();
     const std::int32_t status = whole ? OpenBinaryBytes(store, bytes) : 1;
 
-    nlohmann::ordered_json out = nlohmann::ordered_json::object();
-    for (const QmvMemberValue& m : values) {
-        const std::string name(m.member);
-        if (m.index < 0) {
-            out[name] = ValueJson(m.value);
-            continue;
-        }
-        auto& array = out[name];
-        if (!array.is_array()) array = nlohmann::ordered_json::array();
-        while (array.size() <= static_cast<std::size_t>(m.index)) array.push_back(nullptr);
-        array[static_cast<std::size_t>(m.index)] = ValueJson(m.value);
-    }
     out["status"] = status;
     PrintJsonObject(io.out, out);
     return status == 0 ? 0 : 1;

@@ -74,6 +74,40 @@ TEST_F(FileCommands, WriteThenDumpRoundTrips) {
     EXPECT_FALSE(std::filesystem::exists(Path("bad.qmv")));
 }
 
+TEST_F(FileCommands, DiffListsChangedMembersInStoreOrder) {
+    // Catches members compared out of store order, a JSON dump that differs from its own QMV
+    // file, array elements missed past the first, and an exit code that hides a difference.
+    const QdfRun same = Qdf({"qmv", "dump", Example("ethane_orifice.qmv")});
+    std::ofstream(Path("ethane.json")) << same.out;
+    const QdfRun none = Qdf({"diff", Path("ethane.json"), Example("ethane_orifice.qmv")});
+    EXPECT_EQ(none.rc, 0) << none.err;
+    EXPECT_EQ(none.out, "");
+
+    const QdfRun fluids =
+        Qdf({"diff", Example("ethane_orifice.qmv"), Example("water_orifice.qmv")});
+    EXPECT_EQ(fluids.rc, 1);
+    EXPECT_EQ(fluids.out.substr(0, fluids.out.find("UI_RangeP2:")),
+              "UI_FluidType: 2 -> 1\n"
+              "UI_FluidCat: 6 -> 2\n"
+              "UI_FluidName: \"ETHANE\" -> \"Pressurised Water\"\n");
+
+    std::ofstream(Path("edited.json")) << R"({"UI_Dens": [0, 0, 7.25], "UI_RangeT2": 360})";
+    std::ofstream(Path("base.json")) << R"({"UI_Dens": [0, 0, 7.5], "UI_RangeT2": 360.0,
+        "UI_FluidName": "ETHANE", "status": 0})";
+    const QdfRun arrays = Qdf({"diff", Path("base.json"), Path("edited.json")});
+    EXPECT_EQ(arrays.rc, 1);
+    EXPECT_EQ(arrays.out, "UI_Dens[2]: 7.5 -> 7.25\nUI_FluidName: \"ETHANE\" -> null\n");
+
+    std::ofstream(Path("unknown.json")) << R"({"UI_NoSuchMember": 1})";
+    const QdfRun unknown = Qdf({"diff", Path("unknown.json"), Path("base.json")});
+    EXPECT_EQ(unknown.rc, 2);
+    EXPECT_NE(unknown.err.find("UI_NoSuchMember"), std::string::npos);
+    const std::string bytes = ReadText(Example("ethane_orifice.qmv"));
+    std::ofstream(Path("cut.qmv"), std::ios::binary) << bytes.substr(0, 4000);
+    EXPECT_EQ(Qdf({"diff", Path("cut.qmv"), Path("base.json")}).rc, 2);
+    EXPECT_EQ(Qdf({"diff", Path("missing.qmv"), Path("base.json")}).rc, 2);
+}
+
 TEST_F(FileCommands, CalcWritesTheParameterAndReportFiles) {
     // Catches a calc that prints results other than those it exports, or skips a file.
     const QdfRun r =
