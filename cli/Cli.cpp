@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <ostream>
+#include <sstream>
 
 #include "Commands.h"
 
@@ -9,14 +10,38 @@ namespace qdf::cli {
 
 namespace {
 
-const char* const kUsage =
-    "usage: qdf --version\n"
-    "       qdf defaults\n"
-    "       qdf prop OPERATION   (rows on standard input)\n"
-    "       qdf qmv dump FILE.qmv | qdf qmv write IN.json OUT.qmv\n"
-    "       qdf calc FILE.qmv [--xmtr F.csv] [--calc F.csv] [--ui F.csv] [--report F.csv]\n"
-    "       qdf wizard --device DEVICE.json --script SCRIPT.json\n"
-    "       qdf diff A B   (QMV or JSON files)\n";
+std::string UsageLine(const Command& c) {
+    return std::string("qdf ") + c.name + (*c.usage ? " " : "") + c.usage;
+}
+
+// The whole help with `full`: each command's text under its usage line, indented, which is
+// also what the manual page is made from.
+void Usage(std::ostream& out, bool full) {
+    out << "Usage: qdf COMMAND [ARGUMENTS]\n"
+           "Flow configuration of QDF300 transmitters: property calculator, calculation and\n"
+           "inspection of saved configurations, headless wizard and batch configuration.\n\n"
+           "Commands:\n";
+    for (const Command& c : commands()) {
+        out << "  " << UsageLine(c) << "\n";
+        if (!full) continue;
+        std::istringstream lines(c.help);
+        for (std::string line; std::getline(lines, line);) out << "      " << line << "\n";
+        out << "\n";
+    }
+    out << (full ? "" : "\n")
+        << "  qdf help COMMAND   what a command does (also qdf COMMAND --help)\n"
+        << "  qdf --version\n";
+}
+
+void CommandHelp(std::ostream& out, const Command& c) {
+    out << "Usage: " << UsageLine(c) << "\n\n" << c.help;
+}
+
+const Command* Find(const std::string& name) {
+    for (const Command& c : commands())
+        if (name == c.name) return &c;
+    return nullptr;
+}
 
 }  // namespace
 
@@ -28,7 +53,7 @@ std::string number(double v) {
 
 int run(const std::vector<std::string>& args, Io io) {
     if (args.empty()) {
-        io.err << kUsage;
+        Usage(io.err, false);
         return 2;
     }
     const std::string& cmd = args[0];
@@ -37,11 +62,29 @@ int run(const std::vector<std::string>& args, Io io) {
         io.out << "qdf " << QDF_VERSION << "\n";
         return 0;
     }
-    for (const Command& c : commands()) {
-        if (cmd == c.name) return c.run(rest, io);
+    if (cmd == "--help" || cmd == "-h" || cmd == "help") {
+        if (rest.empty()) {
+            Usage(io.out, true);
+            return 0;
+        }
+        if (const Command* c = Find(rest[0])) {
+            CommandHelp(io.out, *c);
+            return 0;
+        }
+        io.err << "qdf: unknown command '" << rest[0] << "'\n";
+        return 2;
     }
-    io.err << "qdf: unknown command '" << cmd << "'\n" << kUsage;
-    return 2;
+    const Command* c = Find(cmd);
+    if (!c) {
+        io.err << "qdf: unknown command '" << cmd << "'\n";
+        Usage(io.err, false);
+        return 2;
+    }
+    if (rest.size() == 1 && (rest[0] == "--help" || rest[0] == "-h")) {
+        CommandHelp(io.out, *c);
+        return 0;
+    }
+    return c->run(rest, io);
 }
 
 }  // namespace qdf::cli

@@ -12,6 +12,8 @@ namespace qdf::cli {
 struct Command {
     const char* name;
     int (*run)(const std::vector<std::string>& args, Io io);
+    const char* usage;  // the command's arguments, after "qdf NAME "
+    const char* help;   // what it does, in lines of at most 78 characters
 };
 
 // Every subcommand that this build carries (defined in cmd_table.cpp).

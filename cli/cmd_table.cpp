@@ -13,8 +13,29 @@ int cmdDiff(const std::vector<std::string>& args, Io io);
 
 std::span<const Command> commands() {
     static const Command table[] = {
-        {"defaults", cmdDefaults}, {"prop", cmdProp},   {"wizard", cmdWizard}, {"qmv", cmdQmv},
-        {"calc", cmdCalc},         {"batch", cmdBatch}, {"diff", cmdDiff},
+        {"prop", cmdProp, "OPERATION < ROWS",
+         "Calls one property library operation per input row (comma-separated, SI units:\n"
+         "K, Pa, mole fractions) and prints the status and the results with 17 digits.\n"
+         "\"qdf prop DprGetClist\" lists the component catalogue.\n"},
+        {"calc", cmdCalc, "FILE.qmv [--xmtr F.csv] [--calc F.csv] [--ui F.csv] [--report F.csv]",
+         "Loads a saved configuration, runs the calculation and the fits, prints the\n"
+         "transmitter parameters as JSON and writes the named parameter and report files.\n"},
+        {"qmv", cmdQmv, "dump FILE.qmv | write IN.json OUT.qmv",
+         "dump: the members a QMV file carries, as JSON. write: a QMV file from the\n"
+         "defaults and the members of a JSON object.\n"},
+        {"diff", cmdDiff, "A B",
+         "The members two configurations (QMV or JSON, in any mix) differ in, old and new,\n"
+         "in store order, arrays by index. Exit 1 when any differ, 2 when a file cannot be\n"
+         "read.\n"},
+        {"wizard", cmdWizard, "--device DEVICE.json --script SCRIPT.json",
+         "Walks the wizard's pages headless in the reference frame as the script says and\n"
+         "prints the messages shown and the parameters written.\n"},
+        {"batch", cmdBatch, "LIST.csv --out DIR [--device-kind HART|FFH1] [--device DEVICE.json]",
+         "Configures every instrument of a list through the wizard's pages and writes, per\n"
+         "tag, TAG.qmv, TAG_xmtr.csv and TAG_report.csv, and summary.csv with each tag's\n"
+         "status and first message.\n"},
+        {"defaults", cmdDefaults, "",
+         "Prints the configuration store after its defaults, as JSON.\n"},
     };
     return table;
 }

@@ -136,7 +136,7 @@ QStringList FrameHost::ModuleLibraryCandidates() {
     if (QCoreApplication::instance() != nullptr) {
         const QDir app(QCoreApplication::applicationDirPath());
         out << app.filePath(file) << app.filePath("../host/module/" + file)
-            << app.filePath("../lib/" + file);
+            << app.filePath(QStringLiteral("../" QDF_INSTALL_LIBDIR "/") + file);
     }
 #ifdef QDF_MODULE_BUILD_DIR
     out << QDir(QStringLiteral(QDF_MODULE_BUILD_DIR)).filePath(file);

@@ -24,8 +24,9 @@ namespace {
 QString DemoDevice() {
     const QString name = "qdf300_hart.json";
     const QDir app(QCoreApplication::applicationDirPath());
-    for (const QString& dir : {app.filePath("../share/qdf/devices"), app.filePath("data/devices"),
-                               QStringLiteral(QDF_DEVICE_DATA_DIR_FALLBACK)}) {
+    for (const QString& dir :
+         {app.filePath("../share/qdfsondra/devices"), app.filePath("data/devices"),
+          QStringLiteral(QDF_DEVICE_DATA_DIR_FALLBACK)}) {
         if (QFileInfo::exists(QDir(dir).filePath(name))) return QDir(dir).filePath(name);
     }
     return {};
