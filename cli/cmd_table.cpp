@@ -10,6 +10,7 @@ int cmdQmv(const std::vector<std::string>& args, Io io);
 int cmdCalc(const std::vector<std::string>& args, Io io);
 int cmdBatch(const std::vector<std::string>& args, Io io);
 int cmdDiff(const std::vector<std::string>& args, Io io);
+int cmdSelftest(const std::vector<std::string>& args, Io io);
 
 std::span<const Command> commands() {
     static const Command table[] = {
@@ -34,6 +35,13 @@ std::span<const Command> commands() {
          "Configures every instrument of a list through the wizard's pages and writes, per\n"
          "tag, TAG.qmv, TAG_xmtr.csv and TAG_report.csv, and summary.csv with each tag's\n"
          "status and first message.\n"},
+        {"selftest", cmdSelftest, "[--csv F.csv] [--pdf F.pdf] [--table KEY=FILE]",
+         "Recomputes the published verification values of the property standards (IAPWS-IF97,\n"
+         "AGA8 detail and gross, ISO 12213-3, GERG-2008, DIPPR 801) that the program carries,\n"
+         "prints a line per standard (cases, passed, worst deviation in units of the case's\n"
+         "tolerance) and exits 0 only when all pass. --csv writes every case, --pdf a\n"
+         "certificate; --table checks against another copy of a table (keys: if97,\n"
+         "aga8-detail, aga8-gross, iso12213-3, gerg2008, dippr).\n"},
         {"defaults", cmdDefaults, "",
          "Prints the configuration store after its defaults, as JSON.\n"},
     };

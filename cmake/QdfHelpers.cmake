@@ -5,6 +5,8 @@ function(qdf_add_test name)
   find_package(GTest REQUIRED)
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gtest GTest::gmock GTest::gtest_main)
+  # The reader of the reference tables (tests/common/DataTable.h).
+  target_link_libraries(${name} PRIVATE qdf_support)
   target_compile_definitions(${name} PRIVATE QDF_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
   include(GoogleTest)
   set(props "")
