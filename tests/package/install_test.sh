@@ -24,9 +24,9 @@ grep -q '^Exec=qdf-frame' "$usr/share/applications/qdf-frame.desktop" || fail "d
 cd "$scratch"
 "$usr/bin/qdf" --version | grep -q '^qdf ' || fail "qdf --version"
 "$usr/bin/qdf" --help | grep -q 'qdf diff A B' || fail "qdf --help"
-if "$usr/bin/qdf" help selftest >/dev/null 2>&1; then
-  "$usr/bin/qdf" selftest >selftest.txt || { cat selftest.txt; fail "qdf selftest"; }
-fi
+"$usr/bin/qdf" selftest --pdf certificate.pdf >selftest.txt || { cat selftest.txt; fail "qdf selftest"; }
+grep -q 'Self-test passed.' selftest.txt || fail "qdf selftest summary"
+head -c 5 certificate.pdf | grep -q '%PDF-' || fail "the self-test certificate is no PDF"
 "$usr/bin/qdf" calc "$usr/share/qdfsondra/examples/ethane_orifice.qmv" >calc.json \
   || fail "qdf calc on an installed example"
 grep -q '"RunFits": 0' calc.json || fail "the installed example does not fit"
