@@ -6,7 +6,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPalette>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -294,11 +293,11 @@ void ctlPrimaryElementSetup::DisableFixedCoefficients() {
 }
 
 void ctlPrimaryElementSetup::SetFixedCoefficientsOpen(bool open) {
-    QPalette inactive = palette();
-    inactive.setColor(QPalette::Base, palette().color(QPalette::Window));
+    // Disabled as well as read-only: the closed box takes no focus and shows the inactive
+    // background of the style.
     for (QLineEdit* box : {txtPEDisCoeff, txtPEGasExpFactor}) {
         box->setReadOnly(!open);
-        box->setPalette(open ? palette() : inactive);
+        box->setEnabled(open);
     }
 }
 

@@ -45,6 +45,10 @@ void Choose(QComboBox* box, const std::string& text) {
     box->setCurrentIndex(i);
 }
 
+bool Editable(const QLineEdit* box) {
+    return box->isEnabled() && !box->isReadOnly();
+}
+
 std::vector<std::string> Entries(const QComboBox* box) {
     std::vector<std::string> texts;
     for (int i = 0; i < box->count(); ++i) texts.push_back(box->itemText(i).toStdString());
@@ -244,14 +248,14 @@ TEST_F(PrimaryElementPage, NoSelectsTheBoxAndEndsTheValidator) {
 TEST_F(PrimaryElementPage, FixedCoefficientBoxesFollowTheChoice) {
     OpenPage();
     ctlPrimaryElementSetup& p = Primary();
-    EXPECT_TRUE(p.txtPEDisCoeff->isReadOnly());
+    EXPECT_FALSE(Editable(p.txtPEDisCoeff));
     p.cboType->setCurrentIndex(3);
     EXPECT_EQ(Entries(p.cboDesc), std::vector<std::string>{"Fixed mode"});
     EXPECT_EQ(p.cboDesc->currentIndex(), -1);
-    EXPECT_TRUE(p.txtPEGasExpFactor->isReadOnly());
+    EXPECT_FALSE(Editable(p.txtPEGasExpFactor));
     p.cboDesc->setCurrentIndex(0);
-    EXPECT_FALSE(p.txtPEDisCoeff->isReadOnly());
-    EXPECT_FALSE(p.txtPEGasExpFactor->isReadOnly());
+    EXPECT_TRUE(Editable(p.txtPEDisCoeff));
+    EXPECT_TRUE(Editable(p.txtPEGasExpFactor));
     Fill(3, 0, "50", "mm", "100", "mm");
     p.txtPEDisCoeff->setText("0.6");
     p.txtPEGasExpFactor->setText("0.95");
@@ -261,12 +265,12 @@ TEST_F(PrimaryElementPage, FixedCoefficientBoxesFollowTheChoice) {
     main->SwitchToPrimaryElementSetup();
     EXPECT_EQ(p.txtPEDisCoeff->text(), "0.6");
     EXPECT_EQ(p.txtPEGasExpFactor->text(), "0.95");
-    EXPECT_FALSE(p.txtPEDisCoeff->isReadOnly());
+    EXPECT_TRUE(Editable(p.txtPEDisCoeff));
 
     p.cboType->setCurrentIndex(0);
     EXPECT_EQ(p.txtPEDisCoeff->text(), "");
     EXPECT_EQ(p.txtPEGasExpFactor->text(), "");
-    EXPECT_TRUE(p.txtPEDisCoeff->isReadOnly());
+    EXPECT_FALSE(Editable(p.txtPEDisCoeff));
     EXPECT_EQ(p.cboDesc->count(), 10);
     p.cboDesc->setCurrentIndex(4);
     host.messages.clear();
