@@ -431,14 +431,6 @@ TEST_F(PrimaryElementPage, BackReturnsToModeWithoutStoring) {
     EXPECT_TRUE(host.messages.empty());
 }
 
-// Catches a box that drops a minus or keeps letters.
-TEST_F(PrimaryElementPage, NumberBoxesKeepMinusAndExponent) {
-    OpenPage();
-    Primary().txtPipeTemp->clear();
-    QTest::keyClicks(Primary().txtPipeTemp, "-1a2,5e+x");
-    EXPECT_EQ(Primary().txtPipeTemp->text(), "-12,5e");
-}
-
 // Catches a page that isn't shown in the main control, a wrong title, or a named control
 // hidden; QDF_GRAB_DIR keeps a picture of the page.
 TEST_F(PrimaryElementPage, WindowShowsTitleAndFields) {
