@@ -138,15 +138,6 @@ double Largest(double a, double b) {
     return a > b ? a : b;
 }
 
-int32_t LookupPrimaryDeviceCode(clsExGlobalVars& store, const std::string& name, int32_t& code) {
-    const PrimaryDeviceRow* row = FindPrimaryDeviceByName(name);
-    if (row == nullptr) return 1;
-    code = row->code;
-    store.UI_PESubCodeName = std::string(row->subcodeName);
-    if (row->code == 14) store.UI_PESubcode = row->subcode;
-    return 0;
-}
-
 int32_t GetDischargeTerms(clsExGlobalVars& store, int32_t code, double d, double D) {
     const double b = Div(d, D);
     store.calc_Beta = b;

@@ -16,14 +16,13 @@
 #include <cstdint>
 #include <string>
 
+#include "CodeTables.h"
 #include "clsExGlobalVars.h"
 
 namespace qdf {
 
-// Device code of a device name, matched exactly (blanks included). Sets UI_PESubCodeName
-// ("" except at code 14) and, at code 14, UI_PESubcode. Returns 0, or 1 for an unknown name
-// with code and store untouched.
-int32_t LookupPrimaryDeviceCode(clsExGlobalVars& store, const std::string& name, int32_t& code);
+// LookupPrimaryDeviceCode lives with the device table in CodeTables.h: the primary element
+// page uses the same lookup.
 
 // Fills Xmtr_DisCoeff (C0 to C4) and calc_Beta = d / D. Returns 0, or 1 for a code outside 1
 // to 20 with the terms unchanged. A geometry the formulas cannot take (D = 0, d = D, a

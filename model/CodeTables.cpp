@@ -53,6 +53,23 @@ const PrimaryDeviceRow* MatchPrimaryDeviceName(std::string_view name) {
     return nullptr;
 }
 
+int32_t LookupPrimaryDeviceCode(clsExGlobalVars& store, const std::string& name, int32_t& code) {
+    const PrimaryDeviceRow* row = FindPrimaryDeviceByName(name);
+    if (row == nullptr) return 1;
+    code = row->code;
+    store.UI_PESubCodeName = std::string(row->subcodeName);
+    if (row->code == 14) store.UI_PESubcode = row->subcode;
+    return 0;
+}
+
+const PrimaryDeviceRow* PrimaryDeviceLimitsRow(int32_t code, std::string_view subCodeName) {
+    for (const auto& row : kPrimaryDevices) {
+        if (row.code != code) continue;
+        if (code != 14 || row.subcodeName == subCodeName) return &row;
+    }
+    return nullptr;
+}
+
 double MaterialExpansionRate(std::string_view name) {
     for (const auto& row : kMaterials) {
         if (row.name == name) return row.perKelvin;

@@ -31,41 +31,55 @@ struct PrimaryDeviceRow {
     std::string_view subcodeName;  // UI_PESubCodeName; empty except at code 14
     std::string_view name;         // UI_PEName
     int32_t type;                  // the UI_PEType under which the page lists the name
+    // Recommended limits, d and D in mm; all 0 for the fixed mode, which has none. The page
+    // warns outside them, the user may overrule.
+    double boreMin;
+    double pipeMin;
+    double pipeMax;
+    double betaMin;
+    double betaMax;
 };
 
 // In code order; code 14 has three rows. The four blanks inside the name of code 18 belong to
 // the name.
 inline constexpr PrimaryDeviceRow kPrimaryDevices[] = {
-    {1, 0, "", "Fixed mode", 3},
-    {2, 0, "", "Orifice Corner Taps [ISO5167-1 1991]", 0},
-    {3, 0, "", "Orifice Corner Taps [ISO5167-2 2003]", 0},
-    {4, 0, "", "Orifice Corner Taps [ASME MFC-3M 1989]", 0},
-    {5, 0, "", "Orifice Flange Taps [ISO5167-1 1991]", 0},
-    {6, 0, "", "Orifice Flange Taps [ISO5167-2 2003]", 0},
-    {7, 0, "", "Orifice Flange Taps [ASME MFC-3M 1989]", 0},
-    {8, 0, "", "Orifice Flange Taps [AGA No.3 1992]", 0},
-    {9, 0, "", "Orifice D and D/2 Taps [ISO5167-1 1991]", 0},
-    {10, 0, "", "Orifice D and D/2 Taps [ISO5167-2 2003]", 0},
-    {11, 0, "", "Orifice D and D/2 Taps [ASME MFC-3M 1989]", 0},
-    {12, 0, "", "ISA1932 nozzle [ISO5167-1 1991/ ISO5167-3 2003]", 1},
-    {13, 0, "", "Long radius nozzle [ISO5167-1 1991/ ISO5167-3 2003]", 1},
-    {14, 0, "14a", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with high beta ratio", 1},
-    {14, 1, "14b", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with low beta ratio", 1},
-    {14, 2, "14c", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with throat tap flow nozzle", 1},
-    {15, 0, "", "Venturi nozzle [ISO5167-1 1991/ ISO5167-3 2003]", 2},
+    {1, 0, "", "Fixed mode", 3, 0.0, 0.0, 0.0, 0.0, 0.0},
+    {2, 0, "", "Orifice Corner Taps [ISO5167-1 1991]", 0, 12.5, 50.0, 1000.0, 0.2, 0.75},
+    {3, 0, "", "Orifice Corner Taps [ISO5167-2 2003]", 0, 12.5, 50.0, 1000.0, 0.1, 0.75},
+    {4, 0, "", "Orifice Corner Taps [ASME MFC-3M 1989]", 0, 12.5, 50.0, 900.0, 0.2, 0.75},
+    {5, 0, "", "Orifice Flange Taps [ISO5167-1 1991]", 0, 12.5, 50.0, 1000.0, 0.2, 0.75},
+    {6, 0, "", "Orifice Flange Taps [ISO5167-2 2003]", 0, 12.5, 50.0, 1000.0, 0.1, 0.75},
+    {7, 0, "", "Orifice Flange Taps [ASME MFC-3M 1989]", 0, 12.5, 50.0, 900.0, 0.2, 0.75},
+    {8, 0, "", "Orifice Flange Taps [AGA No.3 1992]", 0, 11.4, 50.0, 1000.0, 0.1, 0.75},
+    {9, 0, "", "Orifice D and D/2 Taps [ISO5167-1 1991]", 0, 12.5, 50.0, 1000.0, 0.2, 0.75},
+    {10, 0, "", "Orifice D and D/2 Taps [ISO5167-2 2003]", 0, 12.5, 50.0, 1000.0, 0.1, 0.75},
+    {11, 0, "", "Orifice D and D/2 Taps [ASME MFC-3M 1989]", 0, 12.5, 50.0, 900.0, 0.2, 0.75},
+    {12, 0, "", "ISA1932 nozzle [ISO5167-1 1991/ ISO5167-3 2003]", 1, 12.5, 50.0, 500.0, 0.3, 0.8},
+    {13, 0, "", "Long radius nozzle [ISO5167-1 1991/ ISO5167-3 2003]", 1, 12.5, 50.0, 630.0, 0.2,
+     0.8},
+    {14, 0, "14a", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with high beta ratio", 1, 12.5, 100.0,
+     750.0, 0.5, 0.8},
+    {14, 1, "14b", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with low beta ratio", 1, 12.5, 100.0,
+     750.0, 0.2, 0.5},
+    {14, 2, "14c", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with throat tap flow nozzle", 1, 12.5,
+     100.0, 750.0, 0.25, 0.5},
+    {15, 0, "", "Venturi nozzle [ISO5167-1 1991/ ISO5167-3 2003]", 2, 50.0, 65.0, 500.0, 0.316,
+     0.775},
     {16, 0, "",
-     "Classical Venturi tube 'as cast' convergent section [ISO5167-1 1991/ ISO5167-4 2003]", 2},
+     "Classical Venturi tube 'as cast' convergent section [ISO5167-1 1991/ ISO5167-4 2003]", 2,
+     12.5, 100.0, 800.0, 0.3, 0.75},
     {17, 0, "", "ASME Venturi Tubes With a rough Cast or Fabricated Convergent [ASME MFC-3M 1989]",
-     2},
+     2, 12.5, 100.0, 1200.0, 0.3, 0.75},
     {18, 0, "",
      "Classical Venturi tube with a machined convergent section    [ISO5167-1 1991/ ISO5167-4 "
      "2003]",
-     2},
-    {19, 0, "", "ASME Venturi Tubes With a machined convergent section [ASME MFC-3M 1989]", 2},
+     2, 12.5, 50.0, 250.0, 0.4, 0.75},
+    {19, 0, "", "ASME Venturi Tubes With a machined convergent section [ASME MFC-3M 1989]", 2, 12.5,
+     50.0, 250.0, 0.3, 0.75},
     {20, 0, "",
      "Classical Venturi tube with a rough-welded sheet-iron convergent section [ISO5167-1 1991/ "
      "ISO5167-4 2003]",
-     2},
+     2, 12.5, 200.0, 1200.0, 0.4, 0.7},
 };
 
 // Exact match, blanks included; nullptr for a text that is no row.
@@ -77,6 +91,15 @@ std::string NormalizeDeviceName(std::string_view name);
 
 // First row, in table order, whose normalised name equals the normalised input; nullptr if none.
 const PrimaryDeviceRow* MatchPrimaryDeviceName(std::string_view name);
+
+// Device code of a device name, matched exactly (blanks included), as the primary element page
+// and the parameter assembly both need it. Sets UI_PESubCodeName ("" except at code 14) and,
+// at code 14, UI_PESubcode. Returns 0, or 1 for an unknown name with code and store untouched.
+int32_t LookupPrimaryDeviceCode(clsExGlobalVars& store, const std::string& name, int32_t& code);
+
+// The row whose limits apply to a code: at code 14 the row of the sub-kind name ("14a" to
+// "14c"), elsewhere the code's only row. nullptr when there is none.
+const PrimaryDeviceRow* PrimaryDeviceLimitsRow(int32_t code, std::string_view subCodeName);
 
 // ---- Materials ----
 

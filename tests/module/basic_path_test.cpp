@@ -57,7 +57,8 @@ TEST_F(HostedModule, BasicPathWritesNineParametersOnHart) {
     ASSERT_TRUE(host.Device(0).SetValue("flow_calc_fixed", Value(7.0)));
     Open();
     EXPECT_EQ(Store().Xmtr_SimpleFlowCalcFixedVar, 7.0);
-    EXPECT_EQ(Store().Gbl_ReadyToSave, kTrue);
+    // Kept as true, but the Primary element page's refill at every opening clears it.
+    EXPECT_EQ(Store().Gbl_ReadyToSave, kFalse);
     EXPECT_EQ(Main().ctlSetupMode1->txtTempK1->text(), "0.25");
 }
 

@@ -14,6 +14,7 @@
 #include "ModDefaults.h"
 #include "TVRQDFFCWMain.h"
 #include "ctlModeSelection.h"
+#include "ctlPrimaryElementSetup.h"
 #include "ctlSaveAndDownload.h"
 #include "ctlSetupMode.h"
 
@@ -41,6 +42,7 @@ class WizardFixture : public ::testing::Test {
     ctlSetupMode& Basic() { return *main->ctlSetupMode1; }
     ctlModeSelection& Mode() { return *main->ctlModeSelection1; }
     ctlSaveAndDownload& Apply() { return *main->ctlSaveAndDownload1; }
+    ctlPrimaryElementSetup& Primary() { return *main->ctlPrimaryElementSetup1; }
 
     FakeHost host;
     clsExGlobalVars s;

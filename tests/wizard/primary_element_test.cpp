@@ -1,0 +1,457 @@
+#include <QLabel>
+#include <QTest>
+#include <cstdlib>
+#include <sstream>
+
+#include "../common/DataTable.h"
+#include "ModUnit.h"
+#include "PageSupport.h"
+#include "WizardFixture.h"
+#include "ctlFluidSetup.h"
+
+using namespace qdf;
+using namespace qdf::test;
+
+namespace {
+
+const char* kWizardTitle = "QDF300 Flow Configuration Wizard";
+const char* kCode18 =
+    "Classical Venturi tube with a machined convergent section    [ISO5167-1 1991/ ISO5167-4 2003]";
+
+std::string BoreQuestion(const std::string& words) {
+    return "The recommended primary device diameter  value shouldn't be less than " + words +
+           ". Do you still want to use this value?";
+}
+
+std::string PipeQuestion(const std::string& words) {
+    return "The recommended pipe diameter value should be between " + words +
+           ". Do you still want to use this value?";
+}
+
+// "beta low high" as the question prints them.
+std::string BetaQuestion(const std::string& triple) {
+    std::istringstream in(triple);
+    std::string beta, low, high;
+    in >> beta >> low >> high;
+    return "Currently beta is " + beta +
+           ". The recommended Beta (Primary element diameter / pipe diameter) value should be "
+           "between " +
+           low + " and " + high + ". Do you still want to use this value?";
+}
+
+void Choose(QComboBox* box, const std::string& text) {
+    const int i = box->findText(QString::fromStdString(text));
+    ASSERT_GE(i, 0) << text;
+    box->setCurrentIndex(i);
+}
+
+bool Editable(const QLineEdit* box) {
+    return box->isEnabled() && !box->isReadOnly();
+}
+
+std::vector<std::string> Entries(const QComboBox* box) {
+    std::vector<std::string> texts;
+    for (int i = 0; i < box->count(); ++i) texts.push_back(box->itemText(i).toStdString());
+    return texts;
+}
+
+class PrimaryElementPage : public WizardFixture {
+  protected:
+    void OpenPage(const std::string& location = "Other") {
+        Open("HART", 2, location);
+        main->SwitchToPrimaryElementSetup();
+    }
+    // Focus checks need an active window.
+    void ShowWindow() {
+        main->show();
+        App().setActiveWindow(main.get());
+    }
+    // A device by family and list position, then d and D with their units; temperatures and
+    // materials as a user leaves them.
+    void Fill(int type, int desc, const std::string& d, const std::string& dUnit,
+              const std::string& D, const std::string& DUnit) {
+        ctlPrimaryElementSetup& p = Primary();
+        p.cboType->setCurrentIndex(type);
+        p.cboDesc->setCurrentIndex(desc);
+        p.txtPEDiameter->setText(QString::fromStdString(d));
+        Choose(p.cboPEDiameterUnit, dUnit);
+        p.txtPETemp->setText("20");
+        Choose(p.cboPETempUnit, "deg C");
+        Choose(p.cboPEMaterial, "316 Stainless Steel");
+        p.txtPipeDiameter->setText(QString::fromStdString(D));
+        Choose(p.cboPipeDiameterUnit, DUnit);
+        p.txtPipeTemp->setText("20");
+        Choose(p.cboPipeTempUnit, "deg C");
+        Choose(p.cboPipeMaterial, "Carbon Steel");
+    }
+    bool OnPage() { return main->CurrentPageControl() == &Primary(); }
+};
+
+}  // namespace
+
+// Catches a step out of order, a wrong text or focus, and any entry stored before the last step;
+// the four standard values alone go ahead.
+TEST_F(PrimaryElementPage, RefusesInOrderWithTheFixedModeOnTheWay) {
+    OpenPage();
+    ShowWindow();
+    ctlPrimaryElementSetup& p = Primary();
+    for (QLineEdit* box : p.findChildren<QLineEdit*>()) box->clear();
+    for (QComboBox* list : p.findChildren<QComboBox*>()) list->setCurrentIndex(-1);
+    struct {
+        std::int32_t type;
+        double d, disCoeff, pipeStandard;
+        std::string material;
+    } const before{s.UI_PEType, s.UI_PEDiameter, s.UI_PEDisCoeff, s.UI_PEPipeDiameterStandard,
+                   s.UI_PEMaterial};
+
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/primary_refusals.csv")) {
+        QWidget* w = r.has("control") ? p.findChild<QWidget*>(r.text("control").c_str()) : nullptr;
+        ASSERT_EQ(w != nullptr, r.has("control")) << r.where();
+        if (auto* box = qobject_cast<QLineEdit*>(w)) box->setText(r.text("text").c_str());
+        if (auto* list = qobject_cast<QComboBox*>(w)) list->setCurrentIndex(r.integer("text"));
+        host.messages.clear();
+        p.cmdNext->click();
+        ASSERT_EQ(host.Texts(), std::vector<std::string>{r.text("message")}) << r.where();
+        EXPECT_EQ(host.messages[0].title, kWizardTitle);
+        EXPECT_EQ(host.messages[0].kind, 2);
+        EXPECT_EQ(host.messages[0].buttons, 2);
+        EXPECT_EQ(host.messages[0].def, 4);
+        const QWidget* focus = p.findChild<QWidget*>(r.text("focus").c_str());
+        EXPECT_TRUE(focus && focus->hasFocus()) << r.where();
+        EXPECT_TRUE(OnPage()) << r.where();
+        EXPECT_EQ(s.UI_PEType, before.type) << r.where();
+        EXPECT_EQ(s.UI_PEDiameter, before.d) << r.where();
+        EXPECT_EQ(s.UI_PEDisCoeff, before.disCoeff) << r.where();
+        EXPECT_EQ(s.UI_PEMaterial, before.material) << r.where();
+        if (r.text("message") == "Please make a selection for pipe diameter unit") {
+            // 2 in at 68 deg F, written while later steps still refuse.
+            EXPECT_DOUBLE_EQ(s.UI_PEDiameterStandard, 50.8);
+            EXPECT_DOUBLE_EQ(s.UI_PETempStandard, 293.15);
+            EXPECT_EQ(s.UI_PEPipeDiameterStandard, before.pipeStandard);
+        }
+        if (r.text("message") == "Please fill out pipe temperature") {
+            EXPECT_EQ(s.UI_PEPipeDiameterStandard, 0.0);
+        }
+    }
+
+    // The fixed mode has no limits: d = 2 in over D = 0 passes without a question.
+    Choose(p.cboPipeMaterial, "Hastelloy C");
+    host.messages.clear();
+    p.cmdNext->click();
+    EXPECT_TRUE(host.messages.empty());
+    EXPECT_EQ(main->CurrentPageControl(), main->ctlFluidSetup1);
+    EXPECT_EQ(s.UI_PEType, 3);
+    EXPECT_EQ(s.UI_PEName, "Fixed mode");
+    EXPECT_EQ(s.UI_PEPrimaryDeviceCode, 1);
+    EXPECT_EQ(s.UI_PESubCodeName, "");
+    EXPECT_EQ(s.UI_PEDisCoeff, 0.61);
+    EXPECT_EQ(s.UI_PEGasExpFac, 0.98);
+    EXPECT_EQ(s.UI_PEDiameter, 2.0);
+    EXPECT_EQ(s.UI_PEDiameterUnit, 47);
+    EXPECT_EQ(s.UI_PETemp, 68.0);
+    EXPECT_EQ(s.UI_PETempUnit, 33);
+    EXPECT_EQ(s.UI_PEMaterial, "Monel");
+    EXPECT_EQ(s.UI_PEPipeDiameter, 0.0);
+    EXPECT_EQ(s.UI_PEPipeDiameterUnit, 49);
+    EXPECT_EQ(s.UI_PipeTemperature, 300.0);
+    EXPECT_EQ(s.UI_PipeTemperatureUnit, 35);
+    EXPECT_EQ(s.UI_PipeMaterial, "Hastelloy C");
+    EXPECT_EQ(s.UI_PEPipeTempStandard, 300.0);
+    // Back on the Fluid page returns here through the stack.
+    EXPECT_EQ(s.CurrentPage, 1);
+    EXPECT_EQ(s.PageList[0], "ctlPrimaryElementSetup");
+    EXPECT_EQ(s.PageList[1], "ctlFluidSetup");
+}
+
+// Catches a wrong limit, a wrong wording (including the deliberately odd ones), a warning asked
+// at the limit itself, or a device that stores the wrong code.
+TEST_F(PrimaryElementPage, WarningsOfTheDeviceTableAnsweredYes) {
+    OpenPage();
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/primary_warnings.csv")) {
+        main->SwitchToPrimaryElementSetup();
+        Fill(r.integer("type"), r.integer("desc"), r.text("d"), r.text("d_unit"), r.text("D"),
+             r.text("D_unit"));
+        std::vector<std::string> expected;
+        if (r.has("bore")) expected.push_back(BoreQuestion(r.text("bore")));
+        if (r.has("pipe")) expected.push_back(PipeQuestion(r.text("pipe")));
+        if (r.has("beta")) expected.push_back(BetaQuestion(r.text("beta")));
+        host.messages.clear();
+        host.answers.assign(expected.size(), 6);
+        Primary().cmdNext->click();
+        EXPECT_EQ(host.Texts(), expected) << r.where();
+        for (const Message& m : host.messages) {
+            EXPECT_EQ(m.title, kWizardTitle);
+            EXPECT_EQ(m.kind * 100 + m.buttons * 10 + m.def, 357) << r.where();
+        }
+        ASSERT_EQ(main->CurrentPageControl(), main->ctlFluidSetup1) << r.where();
+        EXPECT_EQ(s.UI_PEType, r.integer("type")) << r.where();
+        EXPECT_EQ(s.UI_PEPrimaryDeviceCode, r.integer("code")) << r.where();
+        EXPECT_EQ(s.UI_PESubCodeName, r.text("sub_name")) << r.where();
+    }
+}
+
+// Catches a No that goes on, that stores, or that leaves the focus elsewhere; the beta question
+// returns to the pipe box even when the bore is at fault.
+TEST_F(PrimaryElementPage, NoSelectsTheBoxAndEndsTheValidator) {
+    OpenPage();
+    ShowWindow();
+    ctlPrimaryElementSetup& p = Primary();
+    Fill(0, 0, "10", "mm", "2000", "mm");
+    const std::string bore = BoreQuestion("12.5 mm");
+    const std::string pipe = PipeQuestion("50 mm and 1000 mm");
+    struct Case {
+        std::vector<int> answers;
+        std::vector<std::string> asked;
+        QLineEdit* focus;
+    };
+    const Case cases[] = {
+        {{7}, {bore}, p.txtPEDiameter},
+        {{6, 7}, {bore, pipe}, p.txtPipeDiameter},
+        {{6, 6, 7}, {bore, pipe, BetaQuestion("0.005 0.2 0.75")}, p.txtPipeDiameter},
+    };
+    for (const Case& c : cases) {
+        host.messages.clear();
+        host.answers.assign(c.answers.begin(), c.answers.end());
+        p.txtPEDiameter->deselect();
+        p.txtPipeDiameter->deselect();
+        p.cmdNext->click();
+        EXPECT_EQ(host.Texts(), c.asked);
+        EXPECT_TRUE(c.focus->hasFocus()) << c.asked.size();
+        EXPECT_EQ(c.focus->selectedText(), c.focus->text()) << c.asked.size();
+        EXPECT_TRUE(OnPage());
+        EXPECT_EQ(s.UI_PEType, kNotEntered);
+        EXPECT_EQ(s.UI_PEDiameter, kNotEntered);
+    }
+    EXPECT_EQ(s.UI_PEDiameterStandard, 10.0);
+    EXPECT_EQ(s.UI_PEPipeDiameterStandard, 2000.0);
+
+    // In inches: the bore question in inch words, then beta, whose No goes to D although d is
+    // the entry at fault.
+    p.txtPEDiameter->setText("0.3");
+    Choose(p.cboPEDiameterUnit, "in");
+    p.txtPipeDiameter->setText("3");
+    Choose(p.cboPipeDiameterUnit, "in");
+    host.messages.clear();
+    host.answers.assign({6, 7});
+    p.txtPipeDiameter->deselect();
+    p.cmdNext->click();
+    EXPECT_EQ(host.Texts(),
+              (std::vector<std::string>{BoreQuestion("0.492 inch"), BetaQuestion("0.1 0.2 0.75")}));
+    EXPECT_EQ(p.txtPipeDiameter->selectedText(), "3");
+    EXPECT_TRUE(p.txtPipeDiameter->hasFocus());
+    EXPECT_DOUBLE_EQ(s.UI_PEDiameterStandard, 7.62);
+    EXPECT_DOUBLE_EQ(s.UI_PEPipeDiameterStandard, 76.2);
+}
+
+// Catches coefficient boxes open outside the fixed mode, a list change that keeps their text,
+// or empty closed boxes that overwrite the stored coefficients.
+TEST_F(PrimaryElementPage, FixedCoefficientBoxesFollowTheChoice) {
+    OpenPage();
+    ctlPrimaryElementSetup& p = Primary();
+    EXPECT_FALSE(Editable(p.txtPEDisCoeff));
+    p.cboType->setCurrentIndex(3);
+    EXPECT_EQ(Entries(p.cboDesc), std::vector<std::string>{"Fixed mode"});
+    EXPECT_EQ(p.cboDesc->currentIndex(), -1);
+    EXPECT_FALSE(Editable(p.txtPEGasExpFactor));
+    p.cboDesc->setCurrentIndex(0);
+    EXPECT_TRUE(Editable(p.txtPEDisCoeff));
+    EXPECT_TRUE(Editable(p.txtPEGasExpFactor));
+    Fill(3, 0, "50", "mm", "100", "mm");
+    p.txtPEDisCoeff->setText("0.6");
+    p.txtPEGasExpFactor->setText("0.95");
+    p.cmdNext->click();
+    ASSERT_EQ(main->CurrentPageControl(), main->ctlFluidSetup1);
+
+    main->SwitchToPrimaryElementSetup();
+    EXPECT_EQ(p.txtPEDisCoeff->text(), "0.6");
+    EXPECT_EQ(p.txtPEGasExpFactor->text(), "0.95");
+    EXPECT_TRUE(Editable(p.txtPEDisCoeff));
+
+    p.cboType->setCurrentIndex(0);
+    EXPECT_EQ(p.txtPEDisCoeff->text(), "");
+    EXPECT_EQ(p.txtPEGasExpFactor->text(), "");
+    EXPECT_FALSE(Editable(p.txtPEDisCoeff));
+    EXPECT_EQ(p.cboDesc->count(), 10);
+    p.cboDesc->setCurrentIndex(4);
+    host.messages.clear();
+    p.cmdNext->click();
+    EXPECT_TRUE(host.messages.empty());
+    EXPECT_EQ(s.UI_PEPrimaryDeviceCode, 6);
+    EXPECT_EQ(s.UI_PEDisCoeff, 0.6);
+    EXPECT_EQ(s.UI_PEGasExpFac, 0.95);
+}
+
+// Catches a family listing the wrong rows or order, and the code 18 text without its blanks.
+TEST_F(PrimaryElementPage, DescriptionListsByFamily) {
+    OpenPage();
+    ctlPrimaryElementSetup& p = Primary();
+    EXPECT_EQ(Entries(p.cboType),
+              (std::vector<std::string>{"Orifice", "Nozzle", "Venturi", "Fix"}));
+    const std::size_t sizes[] = {10, 5, 6, 1};
+    for (int type = 0; type < 4; ++type) {
+        p.cboType->setCurrentIndex(type);
+        EXPECT_EQ(Entries(p.cboDesc).size(), sizes[type]);
+    }
+    p.cboType->setCurrentIndex(2);
+    EXPECT_EQ(p.cboDesc->itemText(3).toStdString(), kCode18);
+    p.cboType->setCurrentIndex(1);
+    EXPECT_EQ(p.cboDesc->itemText(4).toStdString(),
+              "ASME FLOW NOZZLES [ASME MFC-3M 1989] with throat tap flow nozzle");
+    EXPECT_EQ(Entries(p.cboPEMaterial),
+              (std::vector<std::string>{"304 Stainless Steel", "316 Stainless Steel",
+                                        "Carbon Steel", "Hastelloy C", "Monel"}));
+    EXPECT_EQ(Entries(p.cboPipeMaterial), Entries(p.cboPEMaterial));
+    EXPECT_EQ(Entries(p.cboPEDiameterUnit), (std::vector<std::string>{"mm", "in"}));
+    EXPECT_EQ(Entries(p.cboPipeTempUnit), (std::vector<std::string>{"deg C", "deg F", "Kelvin"}));
+}
+
+// Catches a load that picks the wrong row for a code, a missing notice for an unknown nozzle,
+// or a sentinel test added to (or missing from) a box.
+TEST_F(PrimaryElementPage, LoadFromStoreSelectsByCode) {
+    OpenPage();
+    ctlPrimaryElementSetup& p = Primary();
+    struct Case {
+        std::int32_t type, code, sub;
+        const char* typeText;
+        std::string descText;
+        bool notice;
+    };
+    const Case cases[] = {
+        {0, 6, 0, "Orifice", "Orifice Flange Taps [ISO5167-2 2003]", false},
+        {0, 12, 0, "Orifice", "", false},
+        {1, 13, 0, "Nozzle", "Long radius nozzle [ISO5167-1 1991/ ISO5167-3 2003]", false},
+        {1, 14, 1, "Nozzle", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with low beta ratio", false},
+        {1, 14, 3, "Nozzle", "", true},
+        {1, 15, 0, "Nozzle", "", true},
+        {2, 18, 0, "Venturi", kCode18, false},
+        {2, 21, 0, "Venturi", "", false},
+        {3, 1, 0, "Fix", "Fixed mode", false},
+        // Another code in the fixed family still lands on its only row.
+        {3, 2, 0, "Fix", "Fixed mode", false},
+        {kNotEntered, 2, 0, "", "", false},
+        {4, 2, 0, "", "", false},
+    };
+    for (const Case& c : cases) {
+        s.UI_PEType = c.type;
+        s.UI_PEPrimaryDeviceCode = c.code;
+        s.UI_PESubcode = c.sub;
+        host.messages.clear();
+        main->SwitchToPrimaryElementSetup();
+        const std::string where = std::to_string(c.type) + "/" + std::to_string(c.code);
+        EXPECT_EQ(p.cboType->currentText().toStdString(), c.typeText) << where;
+        EXPECT_EQ(p.cboDesc->currentText().toStdString(), c.descText) << where;
+        if (c.notice) {
+            ASSERT_EQ(host.messages.size(), 1u) << where;
+            EXPECT_EQ(host.messages[0].title, "QDF300 Information");
+            EXPECT_EQ(host.messages[0].text,
+                      "Primary element description is not supported by this software version");
+        } else {
+            EXPECT_TRUE(host.messages.empty()) << where;
+        }
+    }
+
+    s.UI_PEType = 3;
+    s.UI_PEPrimaryDeviceCode = 1;
+    s.UI_PEDisCoeff = 0.75;
+    s.UI_PEGasExpFac = kNotEntered;
+    s.UI_PEDiameter = 2.5;
+    s.UI_PEDiameterUnit = 47;
+    s.UI_PETemp = 68;
+    s.UI_PETempUnit = 33;
+    s.UI_PEMaterial = "Monel";
+    s.UI_PEPipeDiameter = 4;
+    s.UI_PEPipeDiameterUnit = 47;
+    s.UI_PipeTemperature = kNotEntered;
+    s.UI_PipeTemperatureUnit = 35;
+    s.UI_PipeMaterial = "Brass";
+    main->SwitchToPrimaryElementSetup();
+    EXPECT_EQ(p.txtPEDisCoeff->text(), "0.75");
+    EXPECT_EQ(p.txtPEGasExpFactor->text(), "");
+    EXPECT_EQ(p.txtPEDiameter->text(), "2.5");
+    EXPECT_EQ(p.cboPEDiameterUnit->currentText(), "in");
+    EXPECT_EQ(p.txtPETemp->text(), "68");
+    EXPECT_EQ(p.cboPETempUnit->currentText(), "deg F");
+    EXPECT_EQ(p.cboPEMaterial->currentText(), "Monel");
+    EXPECT_EQ(p.txtPipeDiameter->text(), "4");
+    EXPECT_EQ(p.cboPipeDiameterUnit->currentText(), "in");
+    EXPECT_EQ(p.txtPipeTemp->text(), "-999999");
+    EXPECT_EQ(p.cboPipeTempUnit->currentText(), "Kelvin");
+    EXPECT_EQ(p.cboPipeMaterial->currentIndex(), -1);
+    EXPECT_EQ(s.Gbl_ReadyToSave, kFalse);
+
+    // A sentinel writes nothing into the other boxes: what they showed stays.
+    s.UI_PEDiameter = kNotEntered;
+    s.UI_PETemp = kNotEntered;
+    s.UI_PEType = 0;
+    main->SwitchToPrimaryElementSetup();
+    EXPECT_EQ(p.txtPEDiameter->text(), "2.5");
+    EXPECT_EQ(p.txtPETemp->text(), "68");
+    EXPECT_EQ(p.txtPEDisCoeff->text(), "");
+}
+
+// Catches inch or Fahrenheit offered in Japan, or a stored inch unit still shown as selected.
+TEST_F(PrimaryElementPage, JapanListsAndAnInchConfiguration) {
+    OpenPage("Japan");
+    ctlPrimaryElementSetup& p = Primary();
+    EXPECT_EQ(Entries(p.cboPEDiameterUnit), std::vector<std::string>{"mm"});
+    EXPECT_EQ(Entries(p.cboPipeDiameterUnit), std::vector<std::string>{"mm"});
+    EXPECT_EQ(Entries(p.cboPETempUnit), (std::vector<std::string>{"deg C", "Kelvin"}));
+    EXPECT_EQ(Entries(p.cboPipeTempUnit), (std::vector<std::string>{"deg C", "Kelvin"}));
+
+    // As saved in inches and deg F elsewhere.
+    s.UI_PEType = 0;
+    s.UI_PEPrimaryDeviceCode = 5;
+    s.UI_PEDiameter = 2;
+    s.UI_PEDiameterUnit = 47;
+    s.UI_PEDiameterStandard = 50.8;
+    s.UI_PETemp = 68;
+    s.UI_PETempUnit = 33;
+    s.UI_PEPipeDiameter = 4;
+    s.UI_PEPipeDiameterUnit = 47;
+    main->SwitchToPrimaryElementSetup();
+    EXPECT_EQ(p.cboPEDiameterUnit->currentIndex(), -1);
+    EXPECT_EQ(p.cboPETempUnit->currentIndex(), -1);
+    EXPECT_EQ(p.cboPipeDiameterUnit->currentIndex(), -1);
+    EXPECT_EQ(p.cboPipeTempUnit->currentText(), "deg C");
+    host.messages.clear();
+    p.cmdNext->click();
+    EXPECT_EQ(host.Texts(),
+              std::vector<std::string>{"Please make a selection for primary diameter unit"});
+    EXPECT_TRUE(OnPage());
+}
+
+// Catches a Back that stores the page's edits or goes anywhere but the Mode page.
+TEST_F(PrimaryElementPage, BackReturnsToModeWithoutStoring) {
+    OpenPage();
+    Fill(0, 0, "50", "mm", "100", "mm");
+    Primary().cmdBack->click();
+    EXPECT_EQ(main->CurrentPageControl(), &Mode());
+    EXPECT_EQ(s.UI_PEType, kNotEntered);
+    EXPECT_EQ(s.UI_PEDiameter, kNotEntered);
+    EXPECT_TRUE(host.messages.empty());
+}
+
+// Catches a page that isn't shown in the main control, a wrong title, or a named control
+// hidden; QDF_GRAB_DIR keeps a picture of the page.
+TEST_F(PrimaryElementPage, WindowShowsTitleAndFields) {
+    OpenPage();
+    main->resize(1000, 560);
+    main->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(main.get()));
+    ctlPrimaryElementSetup& p = Primary();
+    EXPECT_TRUE(p.isVisible());
+    EXPECT_EQ(p.findChild<QLabel*>("lblTitle")->text(), "PRIMARY DEVICE AND PIPE SETUP");
+    for (const char* name :
+         {"cboType", "cboDesc", "txtElementDesc", "txtPEDisCoeff", "txtPEGasExpFactor",
+          "txtPEDiameter", "cboPEDiameterUnit", "txtPETemp", "cboPETempUnit", "cboPEMaterial",
+          "txtPipeDiameter", "cboPipeDiameterUnit", "txtPipeTemp", "cboPipeTempUnit",
+          "cboPipeMaterial", "cmdNext", "cmdBack", "cmdCancel", "lblPrimaryElement"}) {
+        const QWidget* w = p.findChild<QWidget*>(name);
+        EXPECT_TRUE(w && w->isVisible()) << name;
+    }
+    EXPECT_TRUE(p.BlinkTimer->isActive());
+    if (const char* dir = std::getenv("QDF_GRAB_DIR")) {
+        Fill(1, 2, "60", "mm", "100", "mm");
+        main->grab().save(QString::fromLocal8Bit(dir) + "/primary_element.png");
+    }
+}
