@@ -2,7 +2,6 @@
 #include <QLabel>
 #include <QTableWidget>
 #include <QTest>
-#include <cmath>
 #include <cstdlib>
 #include <map>
 #include <sstream>
@@ -129,80 +128,35 @@ TEST_F(NaturalGasPages, GrossAndIsoPagesRefuseInOrder) {
 // Catches members stored from the wrong box, a composition vector from the wrong routine or in
 // the wrong order, a heating value kept in the entered unit, or a Back stack entry missing.
 TEST_F(NaturalGasPages, GrossAndIsoPagesStoreOnNext) {
-    struct Case {
-        const char* page;
-        std::map<std::string, std::string> boxes;
-        const char* unit;
-        std::vector<double> xaga;
-        const char* stackName;
-        double standard;  // UI_VgHvStandard afterwards
-    };
-    const Case cases[] = {
-        {"Gross1",
-         {{"txtRealGasDens", "0.6"},
-          {"txtCO2Mole", "1.5"},
-          {"txtVolGrHv", "1000"},
-          {"txtH2Mole", "0.5"},
-          {"txtCOMole", "0.1"}},
-         "BTU/ft3",
-         {0.0, 0.015, 0.005, 0.001},
-         "ctlNaturalGasSetupGross1",
-         1.055056 / std::pow(0.3048, 3)},
-        {"Gross2",
-         {{"txtRealGasDens", "0.7"},
-          {"txtCO2Mole", "2"},
-          {"txtN2Mole", "5"},
-          {"txtH2Mole", "0"},
-          {"txtCOMole", "0.1"}},
-         nullptr,
-         {0.05, 0.02, 0.0, 0.001},
-         "ctlNaturalGasSetupGross2",
-         kNotEntered},
-        {"ISO",
-         {{"txtRealGasDens", "0.58"},
-          {"txtCO2Mole", "1"},
-          {"txtVolGrHv", "40"},
-          {"txtH2Mole", "0.2"}},
-         "MJ/m3",
-         {0.0, 0.01, 0.002, 0.0},
-         "ctlNaturalGasSetupISO",
-         40.0},
-    };
-    for (const Case& c : cases) {
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/natural_gas_store.csv")) {
         main.reset();
         host.messages.clear();
         Open();
-        s.UI_COMole = 7;
-        s.UI_N2Mole = 7;
-        s.UI_VgHv = 7;
+        const std::pair<const char*, double*> fields[] = {
+            {"txtRealGasDens", &s.UI_RgRelDens}, {"txtCO2Mole", &s.UI_CO2Mole},
+            {"txtVolGrHv", &s.UI_VgHv},          {"txtN2Mole", &s.UI_N2Mole},
+            {"txtH2Mole", &s.UI_H2Mole},         {"txtCOMole", &s.UI_COMole}};
+        for (const auto& [box, member] : fields) *member = 7;
         s.UI_VgHvUnit = 7;
         for (int i = 0; i < 4; ++i) s.XAga[i] = 9.0;
-        s.PageList[0] = "ctlFluidSetup";
         s.CurrentPage = 0;
-        SwitchToGross(c.page);
-        NaturalGasGrossPage& page = Gross(c.page);
-        for (const auto& [name, text] : c.boxes)
-            page.findChild<QLineEdit*>(name.c_str())->setText(text.c_str());
-        if (c.unit) page.cboVolGrHvUnit->setCurrentText(c.unit);
+        SwitchToGross(r.text("page"));
+        NaturalGasGrossPage& page = Gross(r.text("page"));
+        for (const auto& [box, member] : fields)
+            if (r.has(box)) page.findChild<QLineEdit*>(box)->setText(r.text(box).c_str());
+        if (r.has("unit")) page.cboVolGrHvUnit->setCurrentText(r.text("unit").c_str());
         page.cmdNext->click();
-        EXPECT_TRUE(host.messages.empty()) << c.page;
-        EXPECT_EQ(PageInView(), "ctlOperatingRangeSetup1") << c.page;
-        EXPECT_EQ(s.UI_RgRelDens, std::stod(c.boxes.at("txtRealGasDens"))) << c.page;
-        EXPECT_EQ(s.UI_CO2Mole, std::stod(c.boxes.at("txtCO2Mole"))) << c.page;
-        EXPECT_EQ(s.UI_H2Mole, std::stod(c.boxes.at("txtH2Mole"))) << c.page;
-        // Members of fields a page doesn't have are left alone.
-        const auto stored = [&](const char* box) {
-            return c.boxes.count(box) ? std::stod(c.boxes.at(box)) : 7.0;
-        };
-        EXPECT_EQ(s.UI_COMole, stored("txtCOMole")) << c.page;
-        EXPECT_EQ(s.UI_N2Mole, stored("txtN2Mole")) << c.page;
-        EXPECT_EQ(s.UI_VgHv, stored("txtVolGrHv")) << c.page;
-        EXPECT_EQ(s.UI_VgHvUnit, c.unit ? (std::string(c.unit) == "MJ/m3" ? 0 : 1) : 7) << c.page;
-        for (int i = 0; i < 4; ++i) EXPECT_EQ(s.XAga[i], c.xaga[static_cast<std::size_t>(i)]);
-        EXPECT_EQ(s.PageList[0], c.stackName);
-        EXPECT_EQ(s.PageList[1], "ctlOperatingRangeSetup");
-        EXPECT_EQ(s.CurrentPage, 1);
-        EXPECT_DOUBLE_EQ(s.UI_VgHvStandard, c.standard) << c.page;
+        EXPECT_TRUE(host.messages.empty()) << r.where();
+        EXPECT_EQ(PageInView(), "ctlOperatingRangeSetup1") << r.where();
+        for (const auto& [box, member] : fields)
+            EXPECT_EQ(*member, r.has(box) ? r.num(box) : 7.0) << r.where() << " " << box;
+        EXPECT_EQ(s.UI_VgHvUnit, !r.has("unit") ? 7 : r.text("unit") == "MJ/m3" ? 0 : 1);
+        for (int i = 0; i < 4; ++i)
+            EXPECT_EQ(s.XAga[i], r.num("xaga" + std::to_string(i))) << r.where() << " " << i;
+        EXPECT_DOUBLE_EQ(s.UI_VgHvStandard, r.num("standard")) << r.where();
+        EXPECT_EQ(s.PageList[0], r.text("stack")) << r.where();
+        EXPECT_EQ(s.PageList[1], "ctlOperatingRangeSetup") << r.where();
+        EXPECT_EQ(s.CurrentPage, 1) << r.where();
     }
 }
 
