@@ -1,11 +1,10 @@
 #pragma once
+// Natural gas by AGA8 gross method 1: relative density, heating value, CO2, H2 and CO.
 
-#include "ShellPage.h"
+#include "NaturalGasGrossPage.h"
 
-class ctlNaturalGasSetupGross1 : public ShellPage {
+class ctlNaturalGasSetupGross1 : public NaturalGasGrossPage {
     Q_OBJECT
   public:
-    explicit ctlNaturalGasSetupGross1(QWidget* parent = nullptr)
-        : ShellPage(QStringLiteral("ctlNaturalGasSetupGross11"),
-                    QStringLiteral("NATURAL GAS SETUP"), parent) {}
+    explicit ctlNaturalGasSetupGross1(QWidget* parent = nullptr);
 };

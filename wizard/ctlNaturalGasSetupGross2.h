@@ -1,11 +1,10 @@
 #pragma once
+// Natural gas by AGA8 gross method 2: relative density, CO2, N2, H2 and CO; no heating value.
 
-#include "ShellPage.h"
+#include "NaturalGasGrossPage.h"
 
-class ctlNaturalGasSetupGross2 : public ShellPage {
+class ctlNaturalGasSetupGross2 : public NaturalGasGrossPage {
     Q_OBJECT
   public:
-    explicit ctlNaturalGasSetupGross2(QWidget* parent = nullptr)
-        : ShellPage(QStringLiteral("ctlNaturalGasSetupGross21"),
-                    QStringLiteral("NATURAL GAS SETUP"), parent) {}
+    explicit ctlNaturalGasSetupGross2(QWidget* parent = nullptr);
 };

@@ -1,11 +1,10 @@
 #pragma once
+// Natural gas by ISO 12213 physical properties: relative density, heating value, CO2 and H2.
 
-#include "ShellPage.h"
+#include "NaturalGasGrossPage.h"
 
-class ctlNaturalGasSetupISO : public ShellPage {
+class ctlNaturalGasSetupISO : public NaturalGasGrossPage {
     Q_OBJECT
   public:
-    explicit ctlNaturalGasSetupISO(QWidget* parent = nullptr)
-        : ShellPage(QStringLiteral("ctlNaturalGasSetupISO1"), QStringLiteral("NATURAL GAS SETUP"),
-                    parent) {}
+    explicit ctlNaturalGasSetupISO(QWidget* parent = nullptr);
 };
