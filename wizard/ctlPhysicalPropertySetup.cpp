@@ -115,6 +115,7 @@ QTableWidgetItem* Cell(const QString& text) {
     auto* item = new QTableWidgetItem(text);
     // Entries go through the floating box, never through the grid's own editor.
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return item;
 }
 
@@ -141,13 +142,13 @@ void SetHeadings(QTableWidget* grid, const QStringList& headings) {
     for (int c = 1; c < headings.size(); ++c) header->setSectionResizeMode(c, QHeaderView::Stretch);
 }
 
-QGroupBox* ValueFrame(QWidget* parent, const QString& title, QLineEdit* box, QLabel* unit) {
-    auto* frame = new QGroupBox(title, parent);
-    auto* row = new QHBoxLayout(frame);
-    row->addWidget(new QLabel(QStringLiteral("Value:"), frame));
-    row->addWidget(box, 1);
-    if (unit) row->addWidget(unit);
-    return frame;
+// One line of the value frame: the quantity, "Value:", the box and its unit.
+void ValueRow(QGridLayout* grid, int row, const QString& quantity, QLineEdit* box, QLabel* unit) {
+    QWidget* parent = box->parentWidget();
+    grid->addWidget(new QLabel(quantity, parent), row, 0);
+    grid->addWidget(new QLabel(QStringLiteral("Value:"), parent), row, 1);
+    grid->addWidget(box, row, 2);
+    if (unit) grid->addWidget(unit, row, 3);
 }
 
 }  // namespace
@@ -162,16 +163,16 @@ ctlPhysicalPropertySetup::ctlPhysicalPropertySetup(QWidget* parent) : ctlPage(pa
     title->setObjectName(QStringLiteral("lblTitle"));
     right->addWidget(title);
 
-    auto* fluid = new QGridLayout;
+    auto* fluid = new QHBoxLayout;
     lblPhysicalPropertyCategory = new QLabel(this);
     lblPhysicalPropertyCategory->setObjectName(QStringLiteral("lblPhysicalPropertyCategory"));
     lblPhysicalPropertyName = new QLabel(this);
     lblPhysicalPropertyName->setObjectName(QStringLiteral("lblPhysicalPropertyName"));
-    fluid->addWidget(new QLabel(QStringLiteral("Category:"), this), 0, 0);
-    fluid->addWidget(lblPhysicalPropertyCategory, 0, 1);
-    fluid->addWidget(new QLabel(QStringLiteral("Name/Method:"), this), 1, 0);
-    fluid->addWidget(lblPhysicalPropertyName, 1, 1);
-    fluid->setColumnStretch(1, 1);
+    fluid->addWidget(new QLabel(QStringLiteral("Category:"), this));
+    fluid->addWidget(lblPhysicalPropertyCategory);
+    fluid->addSpacing(24);
+    fluid->addWidget(new QLabel(QStringLiteral("Name/Method:"), this));
+    fluid->addWidget(lblPhysicalPropertyName, 1);
     right->addLayout(fluid);
 
     auto* density = new QGroupBox(QStringLiteral("Density "), this);
@@ -197,7 +198,7 @@ ctlPhysicalPropertySetup::ctlPhysicalPropertySetup(QWidget* parent) : ctlPage(pa
     densityLayout->addLayout(densityUnits);
     FlexDensity = Grid(density, "FlexDensity");
     densityLayout->addWidget(FlexDensity);
-    right->addWidget(density, 3);
+    right->addWidget(density, 1);
 
     auto* viscosity = new QGroupBox(QStringLiteral("Viscosity"), this);
     viscosity->setObjectName(QStringLiteral("fraViscosity"));
@@ -210,22 +211,20 @@ ctlPhysicalPropertySetup::ctlPhysicalPropertySetup(QWidget* parent) : ctlPage(pa
     viscosityUnits->addWidget(cboVisUnit);
     viscosityUnits->addStretch();
     viscosityLayout->addLayout(viscosityUnits);
-    right->addWidget(viscosity, 2);
+    right->addWidget(viscosity);
 
-    auto* values = new QHBoxLayout;
+    auto* values = new QGridLayout;
     txtRefDensity = NumberBox(this, "txtRefDensity");
     lblRefDens = new QLabel(this);
     lblRefDens->setObjectName(QStringLiteral("lblRefDens"));
-    lblRefDens->setMinimumWidth(40);
     txtIsenExp = NumberBox(this, "txtIsenExp");
     txtMolWeight = NumberBox(this, "txtMolWeight");
-    values->addWidget(ValueFrame(this, QStringLiteral("Reference density (Standard or Normal)"),
-                                 txtRefDensity, lblRefDens),
-                      3);
-    values->addWidget(ValueFrame(this, QStringLiteral("Isentropic Exponent"), txtIsenExp, nullptr),
-                      2);
-    values->addWidget(ValueFrame(this, QStringLiteral("Molecular Weight"), txtMolWeight, nullptr),
-                      2);
+    ValueRow(values, 0, QStringLiteral("Reference density (Standard or Normal)"), txtRefDensity,
+             lblRefDens);
+    ValueRow(values, 1, QStringLiteral("Isentropic Exponent"), txtIsenExp, nullptr);
+    ValueRow(values, 2, QStringLiteral("Molecular Weight"), txtMolWeight, nullptr);
+    values->setColumnStretch(3, 1);
+    values->setVerticalSpacing(2);
     right->addLayout(values);
     grid->addLayout(right, 0, 1);
     grid->setColumnStretch(1, 1);
@@ -238,11 +237,13 @@ ctlPhysicalPropertySetup::ctlPhysicalPropertySetup(QWidget* parent) : ctlPage(pa
     txtDataEntryVis = NumberBox(FlexViscosity->viewport(), "txtDataEntryVis");
     for (QLineEdit* box : {txtDataEntry, txtDataEntryVis}) {
         box->hide();
+        box->setAlignment(Qt::AlignRight);
         box->installEventFilter(this);
     }
     for (QTableWidget* g : {FlexDensity, FlexViscosity}) {
         g->installEventFilter(this);
         connect(g, &QTableWidget::cellClicked, this, [this, g](int row, int column) {
+            LeaveEditBox();
             const QTableWidgetItem* item = g->item(row, column);
             OpenEditBox(g, row, column, item ? item->text() : QString());
         });
@@ -482,6 +483,10 @@ void ctlPhysicalPropertySetup::BuildViscosityGrid() {
     FlexViscosity->clear();
     FlexViscosity->setRowCount(rows + 1);
     SetHeadings(FlexViscosity, headings);
+    // Tall enough for the usual four rows without a scroll bar; the density grid takes the rest.
+    FlexViscosity->setFixedHeight(FlexViscosity->horizontalHeader()->sizeHint().height() +
+                                  4 * FlexViscosity->verticalHeader()->defaultSectionSize() +
+                                  2 * FlexViscosity->frameWidth());
     const std::int32_t tUnit = GridTemperatureUnit();
     try {
         for (int r = 1; r <= rows; ++r) {
@@ -550,6 +555,14 @@ void ctlPhysicalPropertySetup::CloseEditBox(QLineEdit* box) {
     // The row goes first: hiding moves the focus, and the focus rule must see a closed box.
     editRow_ = editColumn_ = -1;
     box->hide();
+}
+
+void ctlPhysicalPropertySetup::LeaveEditBox() {
+    if (editRow_ < 0) return;
+    QLineEdit* box = txtDataEntry->isVisible() ? txtDataEntry : txtDataEntryVis;
+    QTableWidget* grid = box == txtDataEntry ? FlexDensity : FlexViscosity;
+    Commit(grid, editRow_, editColumn_, box->text(), true);
+    CloseEditBox(box);
 }
 
 bool ctlPhysicalPropertySetup::Commit(QTableWidget* grid, int row, int column, const QString& text,
@@ -676,11 +689,8 @@ bool ctlPhysicalPropertySetup::eventFilter(QObject* watched, QEvent* event) {
             // Leaving the box for another control keeps a number quietly and drops anything
             // else; a message box or menu taking the focus leaves it open.
             const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-                QTableWidget* grid = box == txtDataEntry ? FlexDensity : FlexViscosity;
-                Commit(grid, editRow_, editColumn_, box->text(), true);
-                CloseEditBox(box);
-            }
+            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+                LeaveEditBox();
         }
         return false;
     }

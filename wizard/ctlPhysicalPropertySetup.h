@@ -83,6 +83,9 @@ class ctlPhysicalPropertySetup : public ctlPage {
     // Opens the grid's edit box over the cell with `text`; nothing on a cell without commit.
     void OpenEditBox(QTableWidget* grid, int row, int column, const QString& text);
     void CloseEditBox(QLineEdit* box);
+    // Leaving the open box for another cell or control keeps a number quietly and drops
+    // anything else.
+    void LeaveEditBox();
     // Writes the text to the cell and the store; a text that is no number is refused and
     // false returned. `quiet` drops a bad text without a word.
     bool Commit(QTableWidget* grid, int row, int column, const QString& text, bool quiet = false);
