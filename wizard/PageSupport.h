@@ -104,8 +104,8 @@ inline constexpr UnitEntry kProcessPressureUnitList[] = {
 inline constexpr UnitEntry kAbsolutePressureUnitList[] = {
     {0, "kPa abs"}, {1, "bar abs"}, {2, "psi abs", false}};
 inline constexpr UnitEntry kHeatingValueUnitList[] = {{0, "MJ/m3"}, {1, "BTU/ft3", false}};
-inline constexpr UnitEntry kDensityUnitList[] = {{92, "kg/m3"}, {94, "lb/ft3"}};
-inline constexpr UnitEntry kViscosityUnitList[] = {{0, "Pa sec"}, {1, "lb/ft sec"}};
+inline constexpr UnitEntry kDensityUnitList[] = {{92, "kg/m3"}, {94, "lb/ft3", false}};
+inline constexpr UnitEntry kViscosityUnitList[] = {{0, "Pa sec"}, {1, "lb/ft sec", false}};
 
 QComboBox* UnitList(QWidget* parent, const char* name);
 // Empties the list and fills it with the entries the location offers.
