@@ -13,6 +13,7 @@
 #include "FakeHost.h"
 #include "ModDefaults.h"
 #include "TVRQDFFCWMain.h"
+#include "ctlFluidSetup.h"
 #include "ctlModeSelection.h"
 #include "ctlSaveAndDownload.h"
 #include "ctlSetupMode.h"
@@ -41,6 +42,7 @@ class WizardFixture : public ::testing::Test {
     ctlSetupMode& Basic() { return *main->ctlSetupMode1; }
     ctlModeSelection& Mode() { return *main->ctlModeSelection1; }
     ctlSaveAndDownload& Apply() { return *main->ctlSaveAndDownload1; }
+    ctlFluidSetup& Fluid() { return *main->ctlFluidSetup1; }
 
     FakeHost host;
     clsExGlobalVars s;
