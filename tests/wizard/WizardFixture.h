@@ -13,6 +13,7 @@
 #include "FakeHost.h"
 #include "ModDefaults.h"
 #include "TVRQDFFCWMain.h"
+#include "ctlFluidSetup.h"
 #include "ctlModeSelection.h"
 #include "ctlPrimaryElementSetup.h"
 #include "ctlSaveAndDownload.h"
@@ -43,6 +44,7 @@ class WizardFixture : public ::testing::Test {
     ctlModeSelection& Mode() { return *main->ctlModeSelection1; }
     ctlSaveAndDownload& Apply() { return *main->ctlSaveAndDownload1; }
     ctlPrimaryElementSetup& Primary() { return *main->ctlPrimaryElementSetup1; }
+    ctlFluidSetup& Fluid() { return *main->ctlFluidSetup1; }
 
     FakeHost host;
     clsExGlobalVars s;
