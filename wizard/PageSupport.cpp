@@ -10,6 +10,7 @@
 
 #include "CodeTables.h"
 #include "ModUnit.h"
+#include "MvConfig.h"
 #include "NumberText.h"
 #include "clsExGlobalVars.h"
 
@@ -270,6 +271,49 @@ double KelvinToTemperatureUnit(double kelvin, std::int32_t code) {
     if (code == qdf::kHartDegC) return qdf::KToDegC(kelvin);
     if (code == qdf::kHartDegF) return qdf::KToDegF(kelvin);
     return kelvin;
+}
+
+namespace {
+constexpr std::int32_t kDensityKgM3 = 92;
+}  // namespace
+
+double DensityToStandard(double value, std::int32_t unitCode) {
+    return unitCode == kDensityKgM3 ? value : qdf::LbFt3ToKgM3(value);
+}
+
+double ViscosityToStandard(double value, std::int32_t unitCode) {
+    return unitCode == 0 ? value : qdf::LbFtSToPaS(value);
+}
+
+void ConvertReferenceDensity(qdf::clsExGlobalVars& s) {
+    if (s.UI_RefDensValue == kNotEntered) return;
+    if (s.UI_DensUnit == kDensityKgM3) {
+        s.UI_RefDensValueStandard = s.UI_RefDensValue;
+        return;
+    }
+    const double converted = qdf::LbFt3ToKgM3(s.UI_RefDensValue);
+    s.UI_RefDensValueStandard =
+        qdf::ParseNumber(qdf::FormatNumber(converted, "###0.########")).value_or(converted);
+}
+
+bool RunRangeCalculation(
+    qdf::clsExGlobalVars& s, const std::string& failureTitle,
+    const std::function<void(const std::string&, const std::string&)>& notify) {
+    if (qdf::RunCalculation(s) != 0) {
+        notify(failureTitle,
+               "There exists calculation error with the given input of pressure and temperature. "
+               "Please fill out another value");
+        return false;
+    }
+    if (s.Gbl_ErrorCode == 890 && s.Gbl_ErrorSubCode == 5) {
+        notify(kTitleInformation, s.Gbl_ErrorMessage);
+        s.Gbl_ErrorCode = kNotEntered;
+        s.Gbl_ErrorSubCode = kNotEntered;
+    } else if (s.Gbl_ErrorCode == 600 && s.Gbl_ErrorSubCode == 1) {
+        s.Gbl_ErrorCode = kNotEntered;
+        s.Gbl_ErrorSubCode = kNotEntered;
+    }
+    return true;
 }
 
 }  // namespace qdf::wizard

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QTimer>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -148,5 +149,25 @@ std::string RangeText(std::string_view before, double low, std::string_view betw
 double KPaToPressureUnit(double kPa, std::int32_t code);
 // A limit in Kelvin in the unit of a temperature code (32 deg C, 33 deg F; any other Kelvin).
 double KelvinToTemperatureUnit(double kelvin, std::int32_t code);
+
+// ---- Custom tables ----
+
+// A density as entered in kg/m3: code 92 (kg/m3) as it stands, any other from lb/ft3.
+double DensityToStandard(double value, std::int32_t unitCode);
+// A viscosity as entered in Pa s: code 0 (Pa sec) as it stands, any other from lb/(ft s).
+double ViscosityToStandard(double value, std::int32_t unitCode);
+// UI_RefDensValueStandard from UI_RefDensValue by UI_DensUnit; a converted value is rounded by
+// "###0.########". A reference density never entered is left alone.
+void ConvertReferenceDensity(qdf::clsExGlobalVars& s);
+
+// ---- The calculation of the range pages ----
+
+// Runs the calculation driver and settles its outcome as the range pages do. A failure shows
+// "There exists calculation error ..." under `failureTitle` and gives false: the page stays.
+// A success that met a two-phase point shows the driver's message under "QDF300 Information";
+// that warning and a library report of sub-code 1 are then cleared. `notify` shows a notice
+// (title, text).
+bool RunRangeCalculation(qdf::clsExGlobalVars& s, const std::string& failureTitle,
+                         const std::function<void(const std::string&, const std::string&)>& notify);
 
 }  // namespace qdf::wizard
