@@ -50,7 +50,7 @@ double GasDensity(const clsExGlobalVars& s, double T, double p) {
     return sum;
 }
 
-enum class Fluid { Ethane, SaturatedSteam, Methanol, Water, CustomGas };
+enum class Arrival { Ethane, SaturatedSteam, Methanol, Water, CustomGas };
 
 class PhysicalPage : public WizardFixture {
   protected:
@@ -62,7 +62,7 @@ class PhysicalPage : public WizardFixture {
     ctlPhysicalPropertySetup& Page() { return *main->ctlPhysicalPropertySetup1; }
 
     // The store as the pages before leave it (ranges in deg C and kPa abs), then the page.
-    void Arrive(Fluid fluid, const std::string& location = "Other") {
+    void Arrive(Arrival fluid, const std::string& location = "Other") {
         struct Setup {
             int32_t type, cat;
             const char *name, *category, *rangePage;
@@ -159,7 +159,7 @@ class PhysicalPage : public WizardFixture {
 
 struct ClassCase {
     const char* name;
-    Fluid fluid;
+    Arrival fluid;
     QStringList density;
     int densityRows;
     QStringList viscosity;
@@ -228,7 +228,7 @@ TEST_P(PhysicalClasses, GridsHeadingsAndFormats) {
             EXPECT_NEAR(Number(t), v, 5e-9);
         }
     }
-    if (c.fluid == Fluid::CustomGas) {
+    if (c.fluid == Arrival::CustomGas) {
         EXPECT_EQ(p.txtRefDensity->text(), "");
         EXPECT_EQ(p.txtMolWeight->text(), "");
     } else {
@@ -239,26 +239,26 @@ TEST_P(PhysicalClasses, GridsHeadingsAndFormats) {
 INSTANTIATE_TEST_SUITE_P(
     ByClass, PhysicalClasses,
     ::testing::Values(
-        ClassCase{"LibraryGas", Fluid::Ethane, kGasHeadings, 12, kViscosityHeadings, true, true,
+        ClassCase{"LibraryGas", Arrival::Ethane, kGasHeadings, 12, kViscosityHeadings, true, true,
                   true, QStringList{"1", "500", "27"}, QStringList{"12", "2000", "87"}},
         // The pressure list and the saturation temperatures, from the standard tables.
-        ClassCase{"SaturatedSteam", Fluid::SaturatedSteam, kGasHeadings, 12, kViscosityHeadings,
+        ClassCase{"SaturatedSteam", Arrival::SaturatedSteam, kGasHeadings, 12, kViscosityHeadings,
                   false, false, true, QStringList{"1", "200", "120.21154594"},
                   QStringList{"12", "1000", "179.88563239"}},
-        ClassCase{"LibraryLiquid", Fluid::Methanol,
+        ClassCase{"LibraryLiquid", Arrival::Methanol,
                   QStringList{"No", "Temperature (deg C)", "Density (kg/m3)"}, 4,
                   kViscosityHeadings, true, false, false, QStringList{"1", "20"},
                   QStringList{"4", "60"}},
-        ClassCase{"PressurisedWater", Fluid::Water, kGasHeadings, 12, kViscosityHeadings, true,
+        ClassCase{"PressurisedWater", Arrival::Water, kGasHeadings, 12, kViscosityHeadings, true,
                   false, false, QStringList{"1", "200", "20"}, QStringList{"12", "1000", "80"}},
-        ClassCase{"CustomGas", Fluid::CustomGas, kGasHeadings, 12, kViscosityHeadings, true, false,
-                  true, QStringList{"1", "200", "0"}, QStringList{"12", "800", "60"}}),
+        ClassCase{"CustomGas", Arrival::CustomGas, kGasHeadings, 12, kViscosityHeadings, true,
+                  false, true, QStringList{"1", "200", "0"}, QStringList{"12", "800", "60"}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // Catches a unit change that relabels without converting, converts from the shown rather than
 // the standard values, or leaves the store's unit codes behind.
 TEST_F(PhysicalPage, UnitChangesRebuildTheGridsFromStandardValues) {
-    Arrive(Fluid::Ethane);
+    Arrive(Arrival::Ethane);
     ctlPhysicalPropertySetup& p = Page();
     const double density = s.UI_DensStandard[4];
     const double reference = s.UI_RefDensValueStandard;
@@ -296,7 +296,7 @@ TEST_F(PhysicalPage, UnitChangesRebuildTheGridsFromStandardValues) {
 
 // Catches lists that offer what "Japan" does not, and headings that keep a unit nothing selects.
 TEST_F(PhysicalPage, JapanOffersMetricUnitsOnlyAndStoredOthersShowNoSelection) {
-    Arrive(Fluid::Ethane, "Japan");
+    Arrive(Arrival::Ethane, "Japan");
     ctlPhysicalPropertySetup& p = Page();
     ASSERT_EQ(p.cboDensUnit->count(), 1);
     EXPECT_EQ(p.cboDensUnit->itemText(0), "kg/m3");
@@ -330,7 +330,7 @@ TEST_F(PhysicalPage, JapanOffersMetricUnitsOnlyAndStoredOthersShowNoSelection) {
 // Catches a commit that misses the store or its unit, a bad number that is kept, an Escape that
 // writes, and keys that move to the wrong cell.
 TEST_F(PhysicalPage, CellEditingCommitsByKeyAndEscapeDropsTheEntry) {
-    Arrive(Fluid::CustomGas);
+    Arrive(Arrival::CustomGas);
     Show();
     ctlPhysicalPropertySetup& p = Page();
     QLineEdit* box = p.txtDataEntry;
@@ -390,7 +390,7 @@ TEST_F(PhysicalPage, CellEditingCommitsByKeyAndEscapeDropsTheEntry) {
 
 // Catches a step out of order, a wording change, and a refusal that goes on to the fit.
 TEST_F(PhysicalPage, NextRefusesInOrder) {
-    Arrive(Fluid::CustomGas);
+    Arrive(Arrival::CustomGas);
     ctlPhysicalPropertySetup& p = Page();
     struct Step {
         const char *ref, *isen, *mw;
@@ -421,7 +421,7 @@ TEST_F(PhysicalPage, NextRefusesInOrder) {
 
     // A liquid has no isentropic exponent to ask for.
     host.messages.clear();
-    Arrive(Fluid::Methanol);
+    Arrive(Arrival::Methanol);
     Page().txtRefDensity->setText("790");
     Page().txtIsenExp->setText("");
     Page().txtMolWeight->setText("");
@@ -449,7 +449,7 @@ TEST_F(PhysicalPage, FitFailuresAreToldAndThePageStays) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         host.messages.clear();
-        Arrive(Fluid::Ethane);
+        Arrive(Arrival::Ethane);
         c.spoil(s);
         Page().cmdNext->click();
         ASSERT_EQ(Texts(), std::vector<std::string>{c.text});
@@ -463,7 +463,7 @@ TEST_F(PhysicalPage, FitFailuresAreToldAndThePageStays) {
 // Catches a Next that rounds the computed values through the boxes' text, stores other
 // coefficients than the fit of the tables, or leaves by another path.
 TEST_F(PhysicalPage, NextFitsTheLibraryTablesAndGoesToApply) {
-    Arrive(Fluid::Ethane);
+    Arrive(Arrival::Ethane);
     // The fit of the tables as the calculation left them, then the page's own.
     ASSERT_EQ(RunFits(s), 0);
     const auto density = s.Xmtr_DensCoeff;
@@ -492,7 +492,7 @@ TEST_F(PhysicalPage, NextFitsTheLibraryTablesAndGoesToApply) {
 // Catches entered tables that do not reach the fit: the transmitter's density must give back
 // what the user typed at the grid's points.
 TEST_F(PhysicalPage, EnteredCustomTablesAreFitted) {
-    Arrive(Fluid::CustomGas);
+    Arrive(Arrival::CustomGas);
     Show();
     ctlPhysicalPropertySetup& p = Page();
     // An ideal gas of molecular weight 20, entered cell by cell with Enter.
@@ -521,7 +521,7 @@ TEST_F(PhysicalPage, EnteredCustomTablesAreFitted) {
 // Catches a data point choice that changes the divisions without recalculating, or a grid that
 // keeps its old size.
 TEST_F(PhysicalPage, DataPointChoiceRecalculatesTheFinerGrid) {
-    Arrive(Fluid::Ethane);
+    Arrive(Arrival::Ethane);
     ctlPhysicalPropertySetup& p = Page();
     ASSERT_EQ(p.cboDataPoint->count(), 2);
     EXPECT_EQ(p.cboDataPoint->itemText(0), "12 (3 x 4)");
@@ -551,10 +551,10 @@ TEST_F(PhysicalPage, DataPointChoiceRecalculatesTheFinerGrid) {
 // Catches a Back that returns elsewhere than the range page on the path, or moves on a name
 // that is none of them.
 TEST_F(PhysicalPage, BackReturnsToTheRangePageOnThePath) {
-    const std::pair<Fluid, const char*> paths[] = {
-        {Fluid::Ethane, "ctlOperatingRangeSetup1"},
-        {Fluid::SaturatedSteam, "ctlOperatingRangeSatSteam1"},
-        {Fluid::Methanol, "ctlOperatingRangeLiquid1"}};
+    const std::pair<Arrival, const char*> paths[] = {
+        {Arrival::Ethane, "ctlOperatingRangeSetup1"},
+        {Arrival::SaturatedSteam, "ctlOperatingRangeSatSteam1"},
+        {Arrival::Methanol, "ctlOperatingRangeLiquid1"}};
     for (const auto& [fluid, page] : paths) {
         Arrive(fluid);
         Page().cmdBack->click();
@@ -562,7 +562,7 @@ TEST_F(PhysicalPage, BackReturnsToTheRangePageOnThePath) {
         EXPECT_EQ(s.CurrentPage, 3);
         EXPECT_EQ(s.PageList[4], "");
     }
-    Arrive(Fluid::Ethane);
+    Arrive(Arrival::Ethane);
     s.PageList[3] = "ctlFluidSetup";
     Page().cmdBack->click();
     EXPECT_EQ(main->CurrentPageControl(), &Page());
@@ -570,7 +570,7 @@ TEST_F(PhysicalPage, BackReturnsToTheRangePageOnThePath) {
 
 // Catches a page that is not shown in the frame, or named controls that are missing or hidden.
 TEST_F(PhysicalPage, ShownInTheMainControl) {
-    Arrive(Fluid::Ethane);
+    Arrive(Arrival::Ethane);
     Show();
     ctlPhysicalPropertySetup& p = Page();
     ASSERT_TRUE(p.isVisible());
