@@ -11,6 +11,7 @@ int cmdCalc(const std::vector<std::string>& args, Io io);
 int cmdBatch(const std::vector<std::string>& args, Io io);
 int cmdDiff(const std::vector<std::string>& args, Io io);
 int cmdSelftest(const std::vector<std::string>& args, Io io);
+int cmdCheck(const std::vector<std::string>& args, Io io);
 
 std::span<const Command> commands() {
     static const Command table[] = {
@@ -24,6 +25,18 @@ std::span<const Command> commands() {
         {"qmv", cmdQmv, "dump FILE.qmv | write IN.json OUT.qmv",
          "dump: the members a QMV file carries, as JSON. write: a QMV file from the\n"
          "defaults and the members of a JSON object.\n"},
+        {"check", cmdCheck,
+         "FILE.qmv [--device DEVICE.json] [--dp-max VALUE UNIT] [--threshold PCT]\n"
+         "         [--csv F.csv] [--pdf F.pdf]",
+         "Checks the flow the transmitter computes from its parameters against the full\n"
+         "reference calculation over the operating envelope: DP from 1 % to 100 % of the\n"
+         "DP upper range value, SP and ET over the operating range, 10 x 10 x 10 points.\n"
+         "Prints the worst error and where it lies, the error by source (density fit,\n"
+         "viscosity fit, discharge terms, expansion polynomial, thermal correction) and\n"
+         "the applicability list. --device takes the parameters from a device's data\n"
+         "instead (and its DP range when --dp-max is not given). --threshold is in % of\n"
+         "flow (default 0.1). --csv writes every point, --pdf the check as a report.\n"
+         "Exit 0 within the threshold, 1 above it, 2 on bad input.\n"},
         {"diff", cmdDiff, "A B",
          "The members two configurations (QMV or JSON, in any mix) differ in, old and new,\n"
          "in store order, arrays by index. Exit 1 when any differ, 2 when a file cannot be\n"
