@@ -45,7 +45,7 @@ void DrawErrorMap(QPainter& p, const QRect& area, const FlowCheckResult& r, std:
     const QFontMetrics fm(p.font(), p.device());
     const int line = fm.height();
     const int left = fm.horizontalAdvance(QStringLiteral("00000 ")) + line;
-    const int legend = line * 5;
+    const int legend = fm.horizontalAdvance(QStringLiteral("+0.0000 %")) + line;
     const QRect plot(area.left() + left, area.top() + line / 2, area.width() - left - legend - line,
                      area.height() - 3 * line);
     const std::size_t nDp = r.dpAxis.size(), nSp = r.spAxis.size();
