@@ -46,8 +46,9 @@ std::span<const Command> commands() {
          "prints the messages shown and the parameters written.\n"},
         {"batch", cmdBatch, "LIST.csv --out DIR [--device-kind HART|FFH1] [--device DEVICE.json]",
          "Configures every instrument of a list through the wizard's pages and writes, per\n"
-         "tag, TAG.qmv, TAG_xmtr.csv and TAG_report.csv, and summary.csv with each tag's\n"
-         "status and first message.\n"},
+         "tag, TAG.qmv, TAG_xmtr.csv, TAG_report.csv and TAG_check.csv (the flow check\n"
+         "over the device's DP range, when the device holds one), and summary.csv with\n"
+         "each tag's status and first message.\n"},
         {"selftest", cmdSelftest, "[--csv F.csv] [--pdf F.pdf] [--table KEY=FILE]",
          "Recomputes the published verification values of the property standards (IAPWS-IF97,\n"
          "AGA8 detail and gross, ISO 12213-3, GERG-2008, DIPPR 801) that the program carries,\n"
