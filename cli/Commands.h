@@ -7,6 +7,10 @@
 
 #include "Cli.h"
 
+namespace qdf::flowcheck {
+struct FlowCheckResult;
+}
+
 namespace qdf::cli {
 
 struct Command {
@@ -15,6 +19,9 @@ struct Command {
     const char* usage;  // the command's arguments, after "qdf NAME "
     const char* help;   // what it does, in lines of at most 78 characters
 };
+
+// qdf check with its arguments; the result, when asked for, is the check it printed.
+int RunCheck(const std::vector<std::string>& args, Io io, flowcheck::FlowCheckResult* result);
 
 // Every subcommand that this build carries (defined in cmd_table.cpp).
 std::span<const Command> commands();

@@ -11,12 +11,15 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
 #include <sstream>
 #include <string>
 
 #include "BatchList.h"
+#include "CheckInput.h"
 #include "ComponentTables.h"
 #include "Fits.h"
+#include "FlowCheck.h"
 #include "FrameHost.h"
 #include "FrameScript.h"
 #include "ModBinary.h"
@@ -34,7 +37,8 @@ namespace {
 constexpr const char* kUsage =
     "usage: qdf batch LIST.csv --out DIR [--device-kind HART|FFH1] [--device DEVICE.json]\n"
     "Configures each row of the instrument list through the wizard's pages and writes, per tag,\n"
-    "TAG.qmv, TAG_xmtr.csv and TAG_report.csv into DIR, with summary.csv listing every tag's\n"
+    "TAG.qmv, TAG_xmtr.csv and TAG_report.csv into DIR (and TAG_check.csv, the flow check\n"
+    "over the device's DP range, when the device holds one), with summary.csv listing every tag's\n"
     "status (configured, warning, refused, error) and its first message. The columns are in\n"
     "the README.\n";
 
@@ -151,8 +155,10 @@ Outcome PlayRow(const qdf::cli::InstrumentRow& row, const std::string& device,
     return outcome;
 }
 
-// The files "qdf calc" writes, from the saved configuration.
-std::string WriteFiles(const std::string& qmv, const std::string& base) {
+// The files "qdf calc" writes, from the saved configuration, and the flow check of an Auto
+// Compensation configuration over the device's DP range.
+std::string WriteFiles(const std::string& qmv, const std::string& base,
+                       std::optional<double> dpMaxPa) {
     qdf::clsExGlobalVars store;
     qdf::InitializeDefaults(store);
     if (qdf::OpenBinaryFile(store, qmv) != 0) return "the saved configuration does not load";
@@ -164,6 +170,15 @@ std::string WriteFiles(const std::string& qmv, const std::string& base) {
         qdf::ExportXmtrFile(store, base + "_xmtr.csv");
         if (qdf::WriteReport(store, base + "_report.csv") != 0)
             return "the report cannot be written";
+        if (store.Xmtr_SimpleFlowCalcMode == 0 && dpMaxPa) {
+            qdf::flowcheck::FlowCheckOptions options;
+            options.dpMaxPa = *dpMaxPa;
+            const auto check = qdf::flowcheck::RunFlowCheck(
+                store, qdf::flowcheck::ParametersFromStore(store), options);
+            std::ofstream out(base + "_check.csv", std::ios::binary);
+            qdf::flowcheck::WriteCheckCsv(out, check);
+            if (!out) return "the flow check cannot be written";
+        }
     } catch (const std::exception& e) {
         return e.what();
     }
@@ -231,6 +246,12 @@ int main(int argc, char** argv) {
     }
     qdf::CompoundTables().Build();
     const std::string deviceFile = DeviceFile(kind, device);
+    // The flow check runs over the DP range the device holds; without one there is none.
+    std::optional<double> dpMax;
+    try {
+        dpMax = qdf::flowcheck::DpUpperRangeOfDevice(qdf::flowcheck::ReadDeviceData(deviceFile));
+    } catch (const std::exception&) {
+    }
 
     std::string summaryText = "tag,line,status,column,message\n";
     int failures = 0;
@@ -250,7 +271,7 @@ int main(int argc, char** argv) {
         std::filesystem::remove(base + ".qmv", ec);
         Outcome o = PlayRow(row, deviceFile, base + ".qmv");
         if (o.status == "configured" || o.status == "warning") {
-            const std::string problem = WriteFiles(base + ".qmv", base);
+            const std::string problem = WriteFiles(base + ".qmv", base, dpMax);
             if (!problem.empty()) o = {"error", problem, {}};
         }
         if (o.status == "refused" || o.status == "error") ++failures;

@@ -16,9 +16,32 @@ std::string StatusName(int32_t code) {
     return kNames[static_cast<std::size_t>(code + 1)];
 }
 
+namespace {
+thread_local int quietReports = 0;
+}  // namespace
+
+QuietPropertyReports::QuietPropertyReports() {
+    ++quietReports;
+}
+QuietPropertyReports::~QuietPropertyReports() {
+    --quietReports;
+}
+bool QuietPropertyReports::Active() {
+    return quietReports > 0;
+}
+
 int32_t ReportPropertyError(clsExGlobalVars& store, int32_t code, int32_t kind, double tempK,
                             double pressPa, double value) {
     if (kind < kReportDensity || kind > kReportOther) return 1;
+    if (QuietPropertyReports::Active()) {
+        store.Gbl_ErrorCode = code == 5 ? kErrTwoPhase : kErrPropertyLib;
+        store.Gbl_ErrorSubCode = code;
+        store.Gbl_ErrorMessage = code == 5
+                                     ? "The specified operating condition includes both gas and "
+                                       "liquid phases"
+                                     : "Physical Calc lib Error";
+        return 0;
+    }
     if (code == 5) {
         LogCalcError(store, kind, "Warning", code,
                      "The specified operating condition includes both gas and liquid phases", value,

@@ -29,6 +29,17 @@ std::string StatusName(int32_t code);
 int32_t ReportPropertyError(clsExGlobalVars& store, int32_t code, int32_t kind, double tempK,
                             double pressPa, double value);
 
+// While one is alive, reports set the error members as usual but write nothing to the log: a
+// check that evaluates a thousand points must not fill the service log, nor fail without one.
+class QuietPropertyReports {
+  public:
+    QuietPropertyReports();
+    ~QuietPropertyReports();
+    QuietPropertyReports(const QuietPropertyReports&) = delete;
+    QuietPropertyReports& operator=(const QuietPropertyReports&) = delete;
+    static bool Active();
+};
+
 // True when the last report was the two-phase warning, which lets the value stand.
 bool IsTwoPhaseWarning(const clsExGlobalVars& store);
 

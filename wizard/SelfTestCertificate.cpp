@@ -1,17 +1,13 @@
 #include "SelfTestCertificate.h"
 
 #include <QDateTime>
-#include <QFile>
-#include <QFontMetrics>
-#include <QPageSize>
-#include <QPainter>
-#include <QPdfWriter>
 #include <QSysInfo>
-#include <algorithm>
 #include <cmath>
 
 #include <pwd.h>
 #include <unistd.h>
+
+#include "PdfSheet.h"
 
 namespace qdf::wizard {
 
@@ -26,62 +22,6 @@ QString UserName() {
     return QStringLiteral("unknown");
 }
 
-// Writes rows of cells at fixed column offsets, moving down the page and onto a new one when
-// the page is full.
-class Sheet {
-  public:
-    Sheet(QPdfWriter& writer, QPainter& painter) : writer_(writer), p_(painter) {
-        width_ = painter.viewport().width();
-        height_ = painter.viewport().height();
-    }
-    void Font(int points, bool bold) {
-        QFont f(QStringLiteral("DejaVu Sans"), points);
-        f.setBold(bold);
-        p_.setFont(f);
-        line_ = QFontMetrics(f, &writer_).height() * 13 / 10;
-    }
-    // Long cells wrap within their column; the row is as tall as its tallest cell.
-    void Row(const QStringList& cells, const std::vector<double>& columns,
-             const QColor& colour = Qt::black) {
-        std::vector<QRect> boxes;
-        int height = line_;
-        for (int i = 0; i < cells.size(); ++i) {
-            const auto at = static_cast<std::size_t>(i);
-            const int x = static_cast<int>(columns[at] * width_);
-            const int next =
-                i + 1 < cells.size() ? static_cast<int>(columns[at + 1] * width_) : width_;
-            const int gap = i + 1 < cells.size() ? line_ / 3 : 0;
-            boxes.emplace_back(x, 0, next - x - gap, line_);
-            const QRect need = p_.boundingRect(QRect(x, 0, next - x - gap, 100 * line_),
-                                               Qt::TextWordWrap, cells[i]);
-            height = std::max(height, need.height() + line_ * 3 / 10);
-        }
-        if (y_ + height > height_) {
-            writer_.newPage();
-            y_ = 0;
-        }
-        p_.setPen(colour);
-        for (int i = 0; i < cells.size(); ++i) {
-            QRect box = boxes[static_cast<std::size_t>(i)];
-            box.moveTop(y_);
-            box.setHeight(height);
-            p_.drawText(box, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, cells[i]);
-        }
-        y_ += height;
-    }
-    void Rule() {
-        p_.setPen(QPen(Qt::darkGray, 0));
-        p_.drawLine(0, y_ + line_ / 4, width_, y_ + line_ / 4);
-        y_ += line_ / 2;
-    }
-    void Skip() { y_ += line_ / 2; }
-
-  private:
-    QPdfWriter& writer_;
-    QPainter& p_;
-    int width_ = 0, height_ = 0, y_ = 0, line_ = 0;
-};
-
 }  // namespace
 
 QString DeviationText(double deviation) {
@@ -92,25 +32,8 @@ QString DeviationText(double deviation) {
 bool WriteSelfTestCertificate(const QString& path,
                               const std::vector<qdf::flowcheck::SelfTestCase>& cases,
                               QString* error) {
-    {
-        QFile probe(path);
-        if (!probe.open(QIODevice::WriteOnly)) {
-            if (error) *error = path + ": " + probe.errorString();
-            return false;
-        }
-    }
-    QPdfWriter writer(path);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(QMarginsF(18, 18, 18, 18), QPageLayout::Millimeter);
-    writer.setResolution(300);
-    writer.setTitle(QStringLiteral("QDFSondra self-test certificate"));
-    writer.setCreator(QStringLiteral("QDFSondra R") + QStringLiteral(QDF_REVISION_TEXT));
-    QPainter painter;
-    if (!painter.begin(&writer)) {
-        if (error) *error = path + ": the PDF cannot be written";
-        return false;
-    }
-    Sheet sheet(writer, painter);
+    PdfSheet sheet;
+    if (!sheet.Open(path, QStringLiteral("QDFSondra self-test certificate"), error)) return false;
     const auto lines = qdf::flowcheck::SummarizeSelfTest(cases);
     bool all = !lines.empty();
     for (const auto& l : lines) all = all && l.cases > 0 && l.passed == l.cases;
@@ -177,7 +100,7 @@ bool WriteSelfTestCertificate(const QString& path,
                    QString::number(c.computed, 'g', 10), DeviationText(c.Deviation())},
                   {0.0, 0.55, 0.7, 0.85}, QColor(180, 0, 0));
     }
-    painter.end();
+    sheet.Close();
     return true;
 }
 

@@ -22,6 +22,7 @@
 #include "WizardServices.h"
 #include "clsExGlobalVars.h"
 #include "ctlAbout.h"
+#include "ctlFlowCheck.h"
 #include "ctlFluidSetup.h"
 #include "ctlModeSelection.h"
 #include "ctlNaturalGasSetupAga.h"
@@ -101,6 +102,8 @@ TVRQDFFCWMain::TVRQDFFCWMain(QWidget* parent) : QWidget(parent) {
     MenuTopReport = PopupMenu(this, "MenuTopReport");
     MenuReport =
         MenuEntry(MenuTopReport, "MenuReport", "Report", this, &TVRQDFFCWMain::MenuReport_Click);
+    MenuFlowCheck = MenuEntry(MenuTopReport, "MenuFlowCheck", "Flow Check", this,
+                              &TVRQDFFCWMain::MenuFlowCheck_Click);
     MenuHelp = PopupMenu(this, "MenuHelp");
     MenuQDFSondraHelp = MenuEntry(MenuHelp, "MenuQDFSondraHelp", "QDFSondra Help", this,
                                   &TVRQDFFCWMain::MenuQDFSondraHelp_Click);
@@ -132,6 +135,9 @@ TVRQDFFCWMain::TVRQDFFCWMain(QWidget* parent) : QWidget(parent) {
     ctlAbout1 = new ctlAbout(area);
     grid->addWidget(ctlAbout1, 0, 0);
     ctlAbout1->hide();
+    ctlFlowCheck1 = new ctlFlowCheck(area);
+    grid->addWidget(ctlFlowCheck1, 0, 0);
+    ctlFlowCheck1->hide();
     layout->addWidget(area, 1);
 
     // The hosted area scrolls over a fixed-size wizard rather than squeezing the pages.
@@ -198,6 +204,7 @@ void TVRQDFFCWMain::Terminate() {
     ctlAbout1->Terminate();
     for (ctlPage* p : Pages()) p->hide();
     ctlAbout1->hide();
+    ctlFlowCheck1->hide();
     store_ = nullptr;
 }
 
@@ -405,6 +412,13 @@ void TVRQDFFCWMain::MenuExportFlowParamCalc_Click() {
 
 void TVRQDFFCWMain::MenuReport_Click() {
     RunFileCommand(&IFileCommands::Report);
+}
+
+void TVRQDFFCWMain::MenuFlowCheck_Click() {
+    if (!store_) return;
+    ctlFlowCheck1->Run(*store_);
+    ctlFlowCheck1->show();
+    ctlFlowCheck1->raise();
 }
 
 void TVRQDFFCWMain::MenuQDFSondraHelp_Click() {

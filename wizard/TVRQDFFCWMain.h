@@ -15,6 +15,7 @@ class QAction;
 class QMenu;
 class QToolBar;
 class ctlAbout;
+class ctlFlowCheck;
 class ctlFluidSetup;
 class ctlModeSelection;
 class ctlNaturalGasSetupAga;
@@ -80,6 +81,8 @@ class TVRQDFFCWMain : public QWidget {
     void MenuExportFlowParamXmtr_Click();
     void MenuExportFlowParamCalc_Click();
     void MenuReport_Click();
+    // The flow check of the parameters about to be written, in its own view.
+    void MenuFlowCheck_Click();
     void MenuQDFSondraHelp_Click();
     void MenuQDFSondraAbout_Click();
     void DisableAbout();
@@ -110,6 +113,7 @@ class TVRQDFFCWMain : public QWidget {
     ctlSaveAndDownload* ctlSaveAndDownload1;
     ctlSetupMode* ctlSetupMode1;
     ctlAbout* ctlAbout1;
+    ctlFlowCheck* ctlFlowCheck1;
     QToolBar* Toolbar1;
 
     QMenu* MenuTopInitialize;
@@ -128,6 +132,7 @@ class TVRQDFFCWMain : public QWidget {
     QAction* MenuExportFlowParamXmtr;
     QAction* MenuExportFlowParamCalc;
     QAction* MenuReport;
+    QAction* MenuFlowCheck;
     QAction* MenuQDFSondraHelp;
     QAction* MenuQDFSondraAbout;
 
