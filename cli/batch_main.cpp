@@ -163,7 +163,7 @@ std::string WriteFiles(const std::string& qmv, const std::string& base,
     qdf::InitializeDefaults(store);
     if (qdf::OpenBinaryFile(store, qmv) != 0) return "the saved configuration does not load";
     if (store.Xmtr_SimpleFlowCalcMode == 0) {
-        if (qdf::RunCalculation(store) != 0 || qdf::RunFits(store) != 0)
+        if (qdf::CalculateSavedConfiguration(store) != 0 || qdf::RunFits(store) != 0)
             return "the saved configuration does not calculate";
     }
     try {

@@ -51,7 +51,7 @@ int cmdCalc(const std::vector<std::string>& args, Io io) {
         return 1;
     }
 
-    const std::int32_t calculation = RunCalculation(store);
+    const std::int32_t calculation = CalculateSavedConfiguration(store);
     const std::int32_t fits = RunFits(store);
 
     nlohmann::ordered_json out = nlohmann::ordered_json::object();

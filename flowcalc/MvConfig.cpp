@@ -335,3 +335,39 @@ int32_t RunCalculation(clsExGlobalVars& store) {
 }
 
 }  // namespace qdf
+
+namespace qdf {
+
+void EnteredTablesToStandard(clsExGlobalVars& s) {
+    const bool gas = s.UI_FluidType == 2;
+    const int nDens = gas ? s.Mgt_GasDensDiv : s.Mgt_LqdDensTempDiv;
+    const int nVisc = gas ? s.Mgt_GasVisTempDiv : s.Mgt_LqdVisTempDiv;
+    const double atm = s.UI_AtmPressStandard == kNotEntered ? 101325.0 : s.UI_AtmPressStandard;
+    for (int k = 0; k < nDens; ++k) {
+        s.UI_DensTempStandard[k] = TemperatureCodeToStandard(s.UI_DensTemp[k], s.UI_RangeTUnit);
+        if (gas)
+            s.UI_DensAbsPressStandard[k] =
+                PressureCodeToStandard(s.UI_DensAbsPress[k], s.UI_RangePUnit, atm);
+        s.UI_DensStandard[k] = s.UI_DensUnit == 94 ? LbFt3ToKgM3(s.UI_Dens[k]) : s.UI_Dens[k];
+    }
+    for (int k = 0; k < nVisc; ++k) {
+        s.UI_ViscTempStandard[k] = TemperatureCodeToStandard(s.UI_ViscTemp[k], s.UI_RangeTUnit);
+        s.UI_ViscStandard[k] = s.UI_ViscUnit == 1 ? LbFtSToPaS(s.UI_Visc[k]) : s.UI_Visc[k];
+    }
+}
+
+int32_t CalculateSavedConfiguration(clsExGlobalVars& s) {
+    LoadNaturalGasVector(s);
+    if (s.UI_FluidCat == 3 || s.UI_FluidCat == 7) {
+        EnteredTablesToStandard(s);
+        const int32_t expansion =
+            s.UI_FluidType == 2 ? CalcGasExpansionGrid(s) : SetLiquidExpansionTerms(s);
+        return CalcDischargeCoefficient(s) != 0 || expansion != 0 ? 1 : 0;
+    }
+    if (RunCalculation(s) != 0) return 1;
+    // The liquid range page follows the run with the liquid's expansion terms.
+    if (s.UI_FluidType != 2 && s.UI_FluidCat == 1) SetLiquidExpansionTerms(s);
+    return 0;
+}
+
+}  // namespace qdf

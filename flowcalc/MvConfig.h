@@ -25,6 +25,16 @@ namespace qdf {
 
 int32_t RunCalculation(clsExGlobalVars& store);
 
+// A configuration read from a file, calculated as the pages leave it before the fits: the gross
+// methods' vector from the stored gas; for a custom data table fluid the entered tables in
+// internal units and the discharge and expansion stages (no library is asked); the calculation
+// driver otherwise, with a liquid's expansion terms as the liquid pages set them. 0 on success,
+// 1 with the store's error members set.
+int32_t CalculateSavedConfiguration(clsExGlobalVars& store);
+// A custom fluid's entered tables (as the physical property page shows them, in the range's
+// and the lists' units) into the internal units the fits read.
+void EnteredTablesToStandard(clsExGlobalVars& store);
+
 // The stages, also called alone by the range pages after a successful run.
 int32_t CalcDischargeCoefficient(clsExGlobalVars& store);
 int32_t CalcIsentropicExponent(clsExGlobalVars& store);

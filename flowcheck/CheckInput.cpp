@@ -18,30 +18,6 @@
 
 namespace qdf::flowcheck {
 
-namespace {
-
-// A file keeps a custom fluid's tables as the physical property page shows them; the page puts
-// them into internal units before it fits, and so does the check.
-void EnteredTablesToStandard(clsExGlobalVars& s) {
-    const bool gas = s.UI_FluidType == 2;
-    const int nDens = gas ? s.Mgt_GasDensDiv : s.Mgt_LqdDensTempDiv;
-    const int nVisc = gas ? s.Mgt_GasVisTempDiv : s.Mgt_LqdVisTempDiv;
-    const double atm = s.UI_AtmPressStandard == kNotEntered ? 101325.0 : s.UI_AtmPressStandard;
-    for (int k = 0; k < nDens; ++k) {
-        s.UI_DensTempStandard[k] = TemperatureCodeToStandard(s.UI_DensTemp[k], s.UI_RangeTUnit);
-        if (gas)
-            s.UI_DensAbsPressStandard[k] =
-                PressureCodeToStandard(s.UI_DensAbsPress[k], s.UI_RangePUnit, atm);
-        s.UI_DensStandard[k] = s.UI_DensUnit == 94 ? LbFt3ToKgM3(s.UI_Dens[k]) : s.UI_Dens[k];
-    }
-    for (int k = 0; k < nVisc; ++k) {
-        s.UI_ViscTempStandard[k] = TemperatureCodeToStandard(s.UI_ViscTemp[k], s.UI_RangeTUnit);
-        s.UI_ViscStandard[k] = s.UI_ViscUnit == 1 ? LbFtSToPaS(s.UI_Visc[k]) : s.UI_Visc[k];
-    }
-}
-
-}  // namespace
-
 void LoadConfigurationForCheck(clsExGlobalVars& store, const std::string& path) {
     static const bool catalogue = [] {
         CompoundTables().Build();
@@ -53,22 +29,8 @@ void LoadConfigurationForCheck(clsExGlobalVars& store, const std::string& path) 
         throw FlowCheckError(path + " cannot be loaded as a configuration");
     // The run's own failures are what the wizard would show; the check only needs the result.
     const QuietPropertyReports quiet;
-    const bool custom = store.UI_FluidCat == 3 || store.UI_FluidCat == 7;
-    if (custom) {
-        EnteredTablesToStandard(store);
-        // The stages that need no library; the exponent is the entered one.
-        const int32_t expansion =
-            store.UI_FluidType == 2 ? CalcGasExpansionGrid(store) : SetLiquidExpansionTerms(store);
-        if (CalcDischargeCoefficient(store) != 0 || expansion != 0)
-            throw FlowCheckError("the discharge and expansion terms of " + path + " fail");
-    } else {
-        if (RunCalculation(store) != 0)
-            throw FlowCheckError("the calculation of " + path +
-                                 " fails: " + store.Gbl_ErrorMessage);
-        // As the liquid range pages do after the run: water's expansion table is computed but
-        // the device gets the liquid's unit factor.
-        if (store.UI_FluidType != 2) SetLiquidExpansionTerms(store);
-    }
+    if (CalculateSavedConfiguration(store) != 0)
+        throw FlowCheckError("the calculation of " + path + " fails: " + store.Gbl_ErrorMessage);
     if (RunFits(store) != 0)
         throw FlowCheckError("the fits of " + path + " fail: " + store.Gbl_ErrorMessage);
 }

@@ -142,6 +142,11 @@ FlowSolution SolveMassFlow(const FlowInputs& in) {
     const double k = in.expansion * std::numbers::pi / 4.0 * in.boreM * in.boreM *
                      std::sqrt(2.0 * in.dpPa * in.density / (1.0 - pow(b, 4)));
     const double reynoldsPerFlow = 4.0 / (std::numbers::pi * in.viscosity * in.pipeM);
+    if (k == 0.0) {
+        // An expansion factor of zero: the equation gives no flow at all, a -100 % error.
+        out.massFlow = 0.0;
+        return out;
+    }
     double c = in.discharge.At(1e6);
     for (out.iterations = 1; out.iterations <= 100; ++out.iterations) {
         const double re = c * k * reynoldsPerFlow;

@@ -320,6 +320,15 @@ void LoadIsoVector(clsExGlobalVars& store, double co2, double h2) {
     store.XAga[3] = 0.0;
 }
 
+void LoadNaturalGasVector(clsExGlobalVars& s) {
+    if (s.UI_FluidName == "AGA8 Gross Characterization Method 1")
+        LoadGross1Vector(s, s.UI_CO2Mole, s.UI_H2Mole, s.UI_COMole);
+    else if (s.UI_FluidName == "AGA8 Gross Characterization Method 2")
+        LoadGross2Vector(s, s.UI_CO2Mole, s.UI_H2Mole, s.UI_COMole, s.UI_N2Mole);
+    else if (s.UI_FluidName == "ISO12213 physical properties")
+        LoadIsoVector(s, s.UI_CO2Mole, s.UI_H2Mole);
+}
+
 int32_t GetViscosity(clsExGlobalVars& store, int32_t fluidType, int32_t fluidCat,
                      const std::string& name, double tempK, int32_t index, double pressPa) {
     try {

@@ -46,6 +46,10 @@ void LoadMoleVector(clsExGlobalVars& store);
 void LoadGross1Vector(clsExGlobalVars& store, double co2, double h2, double co);
 void LoadGross2Vector(clsExGlobalVars& store, double co2, double h2, double co, double n2);
 void LoadIsoVector(clsExGlobalVars& store, double co2, double h2);
+// XAga from the stored gas of a gross or ISO method, as that method's page fills it on Next:
+// a configuration read from a file needs it before it is calculated away from the pages.
+// Other fluids leave XAga as it is.
+void LoadNaturalGasVector(clsExGlobalVars& store);
 
 // Viscosity in Pa s at one point of the viscosity table, written to UI_Visc(index). A case
 // that computes nothing writes the element's old value back.
