@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string_view>
+#include <vector>
 
 #include "DateText.h"
 #include "Nation.h"
@@ -60,6 +61,7 @@ void SplitUnitList(const Value& list, DynArray<std::string>& texts, DynArray<std
     if (!list.isStringArray())
         throw std::invalid_argument("a device unit list must be an array of strings");
     const auto& entries = list.strings();
+    if (entries.empty()) throw std::invalid_argument("a device unit list without units");
     const auto upper = static_cast<std::int32_t>(entries.size()) - 1;
     texts.ReDim(upper);
     codes.ReDim(upper);
@@ -446,22 +448,45 @@ void clsExGlobalVars::SetUnitTables() {
     }
 }
 
-void clsExGlobalVars::InitializeUnits(const Value& pressUnits, const Value& tempUnits,
-                                      const Value& tagArg, const Value& userLevel,
-                                      const Value& userName) {
+std::vector<std::string> clsExGlobalVars::InitializeUnits(const Value& pressUnits,
+                                                          const Value& tempUnits,
+                                                          const Value& tagArg,
+                                                          const Value& userLevel,
+                                                          const Value& userName) {
     XLsqr.ReDim(0, 0);
     press_units.ReDim(0);
     press_units_index.ReDim(0);
     temp_units.ReDim(0);
     temp_units_index.ReDim(0);
+    std::vector<std::string> unusable;
     if (BusID == "HART") {
-        SplitUnitList(pressUnits, press_units, press_units_index);
-        SplitUnitList(tempUnits, temp_units, temp_units_index);
+        // A list the device does not deliver, or delivers malformed, stays empty: the rest of
+        // the load (role, user, tag, date) must not depend on it.
+        auto split = [&unusable](const Value& list, DynArray<std::string>& texts,
+                                 DynArray<std::int16_t>& codes, const char* name) {
+            try {
+                SplitUnitList(list, texts, codes);
+            } catch (const std::exception&) {
+                texts.ReDim(-1);
+                codes.ReDim(-1);
+                unusable.emplace_back(name);
+            }
+        };
+        split(pressUnits, press_units, press_units_index, "static_pressure_units");
+        split(tempUnits, temp_units, temp_units_index, "et_units");
     } else {
         SetUnitTables();
     }
 
-    tag = RightTrim(ConvertToKind(tagArg, MemberKind::String).str());
+    // A value the frame never delivered is empty and reads as an empty text.
+    auto text = [](const Value& v) {
+        try {
+            return ConvertToKind(v, MemberKind::String).str();
+        } catch (const std::exception&) {
+            return std::string();
+        }
+    };
+    tag = RightTrim(text(tagArg));
     Xmtr_Tag = tag;
 
     // A level that is no number is "any other level".
@@ -487,13 +512,14 @@ void clsExGlobalVars::InitializeUnits(const Value& pressUnits, const Value& temp
     }
 
     // The frame's own name is no user name.
-    const std::string user = ConvertToKind(userName, MemberKind::String).str();
+    const std::string user = text(userName);
     Mgt_UserName = (user == "PACTware" || user.empty()) ? Mgt_UserRole : user;
 
     Mgt_ConfDate = NowDateTime();
     Mgt_CfgSoftRev = Mgt_SoftRevNO;
     varsChanged = kTrue;
     if (!propertyBag) propertyBag = std::make_shared<PropertyBag>();
+    return unusable;
 }
 
 void clsExGlobalVars::Initialize() {
