@@ -424,6 +424,10 @@ std::vector<std::string> PropertyBagKeys(const clsExGlobalVars& s) {
 clsExGlobalVars::clsExGlobalVars() = default;
 clsExGlobalVars::~clsExGlobalVars() = default;
 
+void clsExGlobalVars::AssignValuesFrom(const clsExGlobalVars& other) {
+    if (this != &other) *this = other;
+}
+
 void clsExGlobalVars::ClearPageList() {
     PageList.fill(std::string());
     CurrentPage = 0;
@@ -548,6 +552,8 @@ void clsExGlobalVars::Terminate() {
 
 void clsExGlobalVars::InitializePropertyBagFromVars() {
     auto bag = std::make_shared<PropertyBag>();
+    // The bag it replaces holds the same keys.
+    if (propertyBag) bag->Reserve(propertyBag->size());
     for (std::string_view entry : kBagOrder) {
         if (std::string_view arr = ArrayName(entry); !arr.empty()) {
             const MemberInfo& m = *FindMember(arr);
@@ -567,20 +573,25 @@ void clsExGlobalVars::InitializeVarsFromPropertyBag() {
     if (!propertyBag) return;
     const PropertyBag& bag = *propertyBag;
     // Errors are ignored key by key: a missing or unreadable key leaves its member as it was.
+    // A missing key is looked for, not thrown for: a bag of an older revision lacks thousands.
     for (std::string_view entry : kBagOrder) {
         if (std::string_view arr = ArrayName(entry); !arr.empty()) {
             const MemberInfo& m = *FindMember(arr);
             const std::string base = "m_" + std::string(arr) + "_";
             const std::int32_t up = m.upper(*this);
             for (std::int32_t i = 0; i <= up; ++i) {
+                const Value* v = bag.Find(base + std::to_string(i));
+                if (!v) continue;
                 try {
-                    m.setAt(*this, i, bag.ReadProperty(base + std::to_string(i)));
+                    m.setAt(*this, i, *v);
                 } catch (const std::exception&) {
                 }
             }
         } else if (!NotReadBackFromBag(entry)) {
+            const Value* v = bag.Find("m_" + std::string(entry));
+            if (!v) continue;
             try {
-                FindMember(entry)->set(*this, bag.ReadProperty("m_" + std::string(entry)));
+                FindMember(entry)->set(*this, *v);
             } catch (const std::exception&) {
             }
         }

@@ -37,7 +37,10 @@ class clsExGlobalVars {
     clsExGlobalVars();
     ~clsExGlobalVars();
     clsExGlobalVars(const clsExGlobalVars&) = delete;
-    clsExGlobalVars& operator=(const clsExGlobalVars&) = delete;
+    // Every member's value as in `other`; object links (frame, parent, bags, business object)
+    // are shared, not duplicated. For callers that need many stores in one prepared state
+    // without preparing each (the readers' fuzz targets start every input from the defaults).
+    void AssignValuesFrom(const clsExGlobalVars& other);
 
     // Declared ahead of everything else on purpose: its accessors come first.
     double calc_DensitySigma = kNotEntered;
@@ -447,6 +450,8 @@ class clsExGlobalVars {
     const PropertyBag* ddNameTable() const { return ddNames_.get(); }
 
   private:
+    // Private, so that no page copies the store by mistake; AssignValuesFrom says it out loud.
+    clsExGlobalVars& operator=(const clsExGlobalVars&) = default;
     void SetUnitTables();
 
     std::int16_t readonly_ = kTrue;
