@@ -1,5 +1,6 @@
 #include "Cli.h"
 
+#include <charconv>
 #include <cstdio>
 #include <ostream>
 #include <sstream>
@@ -45,10 +46,12 @@ const Command* Find(const std::string& name) {
 
 }  // namespace
 
+// Not printf: a Qt program runs under the user's C locale, and a printed row must not change
+// its decimal point with the desktop.
 std::string number(double v) {
     char buf[40];
-    std::snprintf(buf, sizeof buf, "%.17g", v);
-    return buf;
+    const auto res = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, 17);
+    return std::string(buf, res.ptr);
 }
 
 int run(const std::vector<std::string>& args, Io io) {

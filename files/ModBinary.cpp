@@ -493,6 +493,7 @@ void SaveBinaryFile(clsExGlobalVars& store, const std::string& path) {
 
 bool ParseBinaryBytes(std::span<const std::uint8_t> bytes, std::vector<QmvMemberValue>& values) {
     values.clear();
+    values.reserve(MgtBlock().size() + StoreBlocks().size());
     ByteReader in(bytes);
     Value v;
     for (const Field& f : MgtBlock()) {

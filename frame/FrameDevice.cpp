@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -21,7 +22,11 @@ std::optional<qdf::Value> FromJsonValue(const QJsonValue& v, const std::string& 
         return qdf::Value(v.toString().toStdString());
     }
     if (!v.isDouble()) return std::nullopt;
-    return ConvertToType(qdf::Value(v.toDouble()), type);
+    // JSON holds no infinity: a number beyond the type's range would not save again.
+    const double d = v.toDouble();
+    if (!std::isfinite(d) || (type == "float" && !std::isfinite(static_cast<float>(d))))
+        return std::nullopt;
+    return ConvertToType(qdf::Value(d), type);
 }
 
 QJsonValue ToJsonValue(const qdf::Value& v) {
@@ -97,53 +102,121 @@ std::string DescribeValue(const qdf::Value& v) {
     return std::string(kNames[static_cast<int>(v.kind())]) + " " + text;
 }
 
-std::optional<FrameDevice> FrameDevice::FromJson(const QJsonObject& json, QString* error) {
-    auto fail = [&](const QString& why) -> std::optional<FrameDevice> {
-        if (error) *error = why;
+QString JsonPlace(const QByteArray& bytes, int offset) {
+    int line = 1, column = 1;
+    const int end = std::clamp(offset, 0, static_cast<int>(bytes.size()));
+    for (int i = 0; i < end; ++i) {
+        if (bytes[i] == '\n') {
+            ++line;
+            column = 1;
+        } else {
+            ++column;
+        }
+    }
+    return QString("line %1, column %2").arg(line).arg(column);
+}
+
+std::optional<FrameDevice> FrameDevice::FromJson(const QJsonObject& json, QString* error,
+                                                 const QString& place) {
+    auto fail = [&](const QString& where, const QString& why) -> std::optional<FrameDevice> {
+        if (error) *error = place + where + ": " + why;
         return std::nullopt;
     };
+    auto text = [](const QJsonValue& v) { return v.toString().toStdString(); };
     FrameDevice d;
-    d.name_ = json.value("device").toString().toStdString();
-    d.bus_ = json.value("bus").toString().toStdString();
-    d.revision_ = json.value("revision").toInt(1);
-    if (d.bus_ != "HART" && d.bus_ != "FFH1") return fail("bus must be \"HART\" or \"FFH1\"");
-    const QJsonArray params = json.value("parameters").toArray();
-    for (const QJsonValue& pv : params) {
-        const QJsonObject p = pv.toObject();
+    const QJsonValue name = json.value("device");
+    if (!name.isUndefined() && !name.isString()) return fail("device", "not a text");
+    d.name_ = text(name);
+    const QJsonValue bus = json.value("bus");
+    d.bus_ = text(bus);
+    if (!bus.isString() || (d.bus_ != "HART" && d.bus_ != "FFH1"))
+        return fail("bus", "must be \"HART\" or \"FFH1\"");
+    const QJsonValue revision = json.value("revision");
+    if (!revision.isUndefined()) {
+        const double r = revision.toDouble(-1);
+        if (!revision.isDouble() || r < 0 || r > 1e6 || r != std::floor(r))
+            return fail("revision", "not a whole number");
+        d.revision_ = static_cast<int>(r);
+    }
+    const QJsonValue params = json.value("parameters");
+    if (!params.isArray()) return fail("parameters", "not a list");
+    const QJsonArray list = params.toArray();
+    for (qsizetype i = 0; i < list.size(); ++i) {
+        QString where = QString("parameters[%1]").arg(i);
+        if (!list[i].isObject()) return fail(where, "not an object");
+        const QJsonObject p = list[i].toObject();
         FrameParameter fp;
-        fp.name = p.value("name").toString().toStdString();
-        fp.label = p.value("label").toString().toStdString();
-        fp.type = p.value("type").toString().toStdString();
-        if (fp.name.empty()) return fail("a parameter without a name");
-        if (!KnownType(fp.type))
-            return fail(QString("parameter %1: unknown type").arg(fp.name.c_str()));
-        if (d.Find(fp.name)) return fail(QString("parameter %1 twice").arg(fp.name.c_str()));
+        if (!p.value("name").isString() || p.value("name").toString().isEmpty())
+            return fail(where, "a parameter without a name");
+        fp.name = text(p.value("name"));
+        where += " (" + QString::fromStdString(fp.name) + ")";
+        const QJsonValue label = p.value("label");
+        if (!label.isUndefined() && !label.isString()) return fail(where + ".label", "not a text");
+        fp.label = text(label);
+        fp.type = text(p.value("type"));
+        if (!KnownType(fp.type)) return fail(where + ".type", "unknown type");
+        if (d.Find(fp.name)) return fail(where, "named twice");
         auto value = FromJsonValue(p.value("value"), fp.type);
-        if (!value) return fail(QString("parameter %1: bad value").arg(fp.name.c_str()));
+        if (!value) return fail(where + ".value", "not a value of its type");
         fp.value = *value;
-        for (const QJsonValue& e : p.value("enumeration").toArray())
-            fp.enumeration.push_back(e.toString().toStdString());
+        const QJsonValue enumeration = p.value("enumeration");
+        if (!enumeration.isUndefined()) {
+            if (!enumeration.isArray()) return fail(where + ".enumeration", "not a list");
+            const QJsonArray entries = enumeration.toArray();
+            for (qsizetype k = 0; k < entries.size(); ++k) {
+                if (!entries[k].isString())
+                    return fail(where + QString(".enumeration[%1]").arg(k), "not a text");
+                fp.enumeration.push_back(text(entries[k]));
+            }
+        }
         d.params_.push_back(std::move(fp));
     }
-    const QJsonObject menus = json.value("menus").toObject();
-    for (auto it = menus.begin(); it != menus.end(); ++it) {
+    const QJsonValue menus = json.value("menus");
+    if (!menus.isUndefined() && !menus.isObject()) return fail("menus", "not an object");
+    const QJsonObject menuTable = menus.toObject();
+    for (auto it = menuTable.begin(); it != menuTable.end(); ++it) {
+        const QString where = "menus." + it.key();
+        if (!it.value().isArray()) return fail(where, "not a list");
         std::vector<std::string> members;
-        for (const QJsonValue& m : it.value().toArray()) {
-            std::string name = m.toString().toStdString();
-            if (!d.Find(name))
-                return fail(QString("menu %1 names unknown parameter %2")
-                                .arg(it.key(), QString::fromStdString(name)));
-            members.push_back(std::move(name));
+        const QJsonArray entries = it.value().toArray();
+        for (qsizetype k = 0; k < entries.size(); ++k) {
+            const QString at = where + QString("[%1]").arg(k);
+            if (!entries[k].isString()) return fail(at, "not a text");
+            std::string member = text(entries[k]);
+            if (!d.Find(member))
+                return fail(at, "names unknown parameter " + QString::fromStdString(member));
+            members.push_back(std::move(member));
         }
         d.menus_.emplace_back(it.key().toStdString(), std::move(members));
     }
-    const QJsonObject bos = json.value("businessObjects").toObject();
-    for (auto it = bos.begin(); it != bos.end(); ++it) {
-        const QByteArray bytes = QByteArray::fromBase64(it.value().toString().toLatin1());
+    const QJsonValue bos = json.value("businessObjects");
+    if (!bos.isUndefined() && !bos.isObject()) return fail("businessObjects", "not an object");
+    const QJsonObject boTable = bos.toObject();
+    for (auto it = boTable.begin(); it != boTable.end(); ++it) {
+        const QString where = "businessObjects." + it.key();
+        if (!it.value().isString()) return fail(where, "not a text");
+        const auto decoded = QByteArray::fromBase64Encoding(
+            it.value().toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+        if (!decoded) return fail(where, "not base64");
         d.businessObjects[it.key().toStdString()] =
-            std::vector<std::uint8_t>(bytes.begin(), bytes.end());
+            std::vector<std::uint8_t>(decoded.decoded.begin(), decoded.decoded.end());
     }
     return d;
+}
+
+std::optional<FrameDevice> FrameDevice::FromBytes(const QByteArray& bytes, const QString& fileName,
+                                                  QString* error) {
+    QJsonParseError pe;
+    const QJsonDocument doc = QJsonDocument::fromJson(bytes, &pe);
+    if (pe.error != QJsonParseError::NoError) {
+        if (error) *error = fileName + ": " + JsonPlace(bytes, pe.offset) + ": " + pe.errorString();
+        return std::nullopt;
+    }
+    if (!doc.isObject()) {
+        if (error) *error = fileName + ": not a device description (no JSON object)";
+        return std::nullopt;
+    }
+    return FromJson(doc.object(), error, fileName + ": ");
 }
 
 std::optional<FrameDevice> FrameDevice::Load(const QString& path, QString* error) {
@@ -152,13 +225,7 @@ std::optional<FrameDevice> FrameDevice::Load(const QString& path, QString* error
         if (error) *error = QString("cannot open %1").arg(path);
         return std::nullopt;
     }
-    QJsonParseError pe;
-    const QJsonDocument doc = QJsonDocument::fromJson(f.readAll(), &pe);
-    if (!doc.isObject()) {
-        if (error) *error = QString("%1: %2").arg(path, pe.errorString());
-        return std::nullopt;
-    }
-    return FromJson(doc.object(), error);
+    return FromBytes(f.readAll(), path, error);
 }
 
 QJsonObject FrameDevice::ToJson() const {

@@ -3,6 +3,7 @@
 // enumeration entries, the parameter groups ("menus"), what modules wrote, and the bytes of
 // each module's business object.
 
+#include <QByteArray>
 #include <QJsonObject>
 #include <QString>
 #include <cstdint>
@@ -34,8 +35,14 @@ struct FrameWrite {
 class FrameDevice {
   public:
     // Reads the device description form of data/devices/*.json (also the form inside a project
-    // file). Returns nothing and sets error on a malformed description.
-    static std::optional<FrameDevice> FromJson(const QJsonObject& json, QString* error);
+    // file). Returns nothing and sets error on a malformed description: `place`, then where in
+    // the description ("parameters[3] (ref_sp).type") and what is wrong there.
+    static std::optional<FrameDevice> FromJson(const QJsonObject& json, QString* error,
+                                               const QString& place = {});
+    // A description file's bytes; errors begin with the file's name and the place (a line and
+    // column for broken JSON).
+    static std::optional<FrameDevice> FromBytes(const QByteArray& bytes, const QString& fileName,
+                                                QString* error);
     static std::optional<FrameDevice> Load(const QString& path, QString* error);
     QJsonObject ToJson() const;
 
@@ -71,6 +78,9 @@ class FrameDevice {
     std::map<int, std::function<void(const std::string&)>> listeners_;
     int nextListener_ = 1;
 };
+
+// "line L, column C" of a byte offset into a JSON text, for messages.
+QString JsonPlace(const QByteArray& bytes, int offset);
 
 // The value in the given device type; nothing when it does not convert.
 std::optional<qdf::Value> ConvertToType(const qdf::Value& value, const std::string& type);

@@ -4,18 +4,16 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QLibrary>
 #include <QSaveFile>
 #include <QTimer>
 #include <QWidget>
 
+#include "FrameProject.h"
+
 namespace qdf::frame {
 
 namespace {
-
-constexpr const char* kProjectFormat = "qdf-frame-project";
 
 QString LoginName() {
     QString name = qEnvironmentVariable("USER");
@@ -71,18 +69,14 @@ bool FrameHost::AddDeviceFile(const QString& path, QString* error) {
 }
 
 bool FrameHost::SaveProject(const QString& path, QString* error) const {
-    QJsonObject root;
-    root["format"] = kProjectFormat;
-    root["version"] = 1;
-    QJsonArray devices;
-    for (const auto& d : devices_) devices.append(d->ToJson());
-    root["devices"] = devices;
+    std::vector<const FrameDevice*> devices;
+    for (const auto& d : devices_) devices.push_back(d.get());
     QSaveFile f(path);
     if (!f.open(QIODevice::WriteOnly)) {
         if (error) *error = QString("cannot write %1").arg(path);
         return false;
     }
-    f.write(QJsonDocument(root).toJson());
+    f.write(ProjectFileBytes(devices));
     if (!f.commit()) {
         if (error) *error = QString("cannot write %1").arg(path);
         return false;
@@ -100,23 +94,13 @@ bool FrameHost::OpenProject(const QString& path, QString* error) {
         if (error) *error = QString("cannot open %1").arg(path);
         return false;
     }
-    QJsonParseError pe;
-    const QJsonDocument doc = QJsonDocument::fromJson(f.readAll(), &pe);
-    if (!doc.isObject() || doc.object().value("format").toString() != kProjectFormat) {
-        if (error) *error = QString("%1 is not a frame project").arg(path);
-        return false;
-    }
     // Read everything first so that a bad project leaves the open one as it was.
-    std::vector<FrameDevice> loaded;
-    for (const QJsonValue& v : doc.object().value("devices").toArray()) {
-        auto d = FrameDevice::FromJson(v.toObject(), error);
-        if (!d) return false;
-        loaded.push_back(std::move(*d));
-    }
+    std::optional<std::vector<FrameDevice>> loaded = ReadProjectFile(f.readAll(), path, error);
+    if (!loaded) return false;
     for (std::size_t i = 0; i < devices_.size(); ++i) devices_[i]->RemoveListener(listenerIds_[i]);
     listenerIds_.clear();
     devices_.clear();
-    for (auto& d : loaded) {
+    for (auto& d : *loaded) {
         devices_.push_back(std::make_unique<FrameDevice>(std::move(d)));
         WatchDevice(*devices_.back());
     }

@@ -156,6 +156,9 @@ std::int32_t FrameManager::Advise(FrameAttribute& a, std::int32_t id, ISDKObserv
 void FrameManager::StartObserving(std::int32_t handle) {
     auto it = observers_.find(handle);
     if (it == observers_.end()) throw SDKError("unknown observation handle");
+    if (!options_.failObservingOf.empty() &&
+        it->second.attribute->Variable().Name() == options_.failObservingOf)
+        throw SDKError("the frame cannot observe " + options_.failObservingOf);
     it->second.observing = true;
     if (options_.firstValueAtOnce)
         Deliver(handle);

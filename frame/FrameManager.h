@@ -84,6 +84,8 @@ struct FrameOptions {
     bool provideBusinessObject = true;
     // A parameter whose WriteValue fails.
     std::string failWriteOf;
+    // A parameter whose StartObserving fails.
+    std::string failObservingOf;
 };
 
 class FrameManager : public ISDKManager {

@@ -10,12 +10,14 @@
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTimer>
+#include <charconv>
 #include <cstdio>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
 #include <stdexcept>
+#include <type_traits>
 #include <vector>
 
 #include "FrameHost.h"
@@ -36,10 +38,12 @@ std::string Quote(const std::string& s) {
     return q + "\"";
 }
 
+// Not printf: a Qt program runs under the user's C locale, and a printed row must not change
+// its decimal point with the desktop.
 std::string Number(double v) {
     char buf[40];
-    std::snprintf(buf, sizeof buf, "%.17g", v);
-    return buf;
+    const auto res = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::general, 17);
+    return std::string(buf, res.ptr);
 }
 
 std::string TypeAndValue(const qdf::Value& v) {
@@ -69,19 +73,32 @@ struct StepError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+std::string NameOf(const QObject* o) {
+    return o->objectName().toStdString();
+}
+
+// A control as a user finds it: on the page in view (the step's page, when it names one, must
+// be that page), shown and open for input. Nothing outside that page is reached, so a script
+// cannot press what no user could.
 template <class T>
 T* Find(QWidget* root, const nlohmann::json& step, const std::string& name) {
-    const QString objectName = QString::fromStdString(name);
-    QWidget* scope = root;
+    QWidget* page = FrameScript::PageInView(root);
     if (step.contains("page")) {
-        const std::string page = step.at("page").get<std::string>();
-        scope = root->findChild<QWidget*>(QString::fromStdString(page));
-        if (!scope) throw StepError("no page " + page);
-    } else if (QWidget* page = FrameScript::PageInView(root)) {
-        if (T* w = page->findChild<T*>(objectName)) return w;
+        const std::string wanted = step.at("page").get<std::string>();
+        QWidget* named = root->findChild<QWidget*>(QString::fromStdString(wanted));
+        if (!named) throw StepError("no page " + wanted);
+        if (named != page)
+            throw StepError("page " + wanted + " is not in view" +
+                            (page ? " (" + NameOf(page) + " is)" : std::string()));
     }
-    T* w = scope->findChild<T*>(objectName);
-    if (!w) throw StepError("no control " + name);
+    if (!page) throw StepError("no page in view");
+    T* w = page->findChild<T*>(QString::fromStdString(name));
+    if (!w) throw StepError("no control " + name + " on " + NameOf(page));
+    if (!w->isVisibleTo(page)) throw StepError(name + " on " + NameOf(page) + " is hidden");
+    if (!w->isEnabled()) throw StepError(name + " on " + NameOf(page) + " is disabled");
+    if constexpr (std::is_same_v<T, QLineEdit>) {
+        if (w->isReadOnly()) throw StepError(name + " on " + NameOf(page) + " is read-only");
+    }
     return w;
 }
 
@@ -160,8 +177,10 @@ void FrameScript::Attach(FrameHost& host) {
 }
 
 bool FrameScript::Play(FrameHost& host, std::string* error) {
+    int number = 0;
     try {
         for (const auto& step : script_->json.value("steps", nlohmann::json::array())) {
+            ++number;
             if (!host.IsModuleOpen()) throw StepError("the module is closed");
             auto* root = static_cast<QWidget*>(host.Module()->View());
             if (root == nullptr) throw StepError("the module has no view");
@@ -184,9 +203,16 @@ bool FrameScript::Play(FrameHost& host, std::string* error) {
                 }
             }
             if (step.contains("cell")) {
-                auto* grid = Find<QTableWidget>(root, step, step.at("cell").get<std::string>());
+                const std::string name = step.at("cell").get<std::string>();
+                auto* grid = Find<QTableWidget>(root, step, name);
                 const int r = step.value("row", 0), c = step.value("column", 0);
                 auto* item = grid->item(r, c);
+                const bool editable = grid->editTriggers() != QAbstractItemView::NoEditTriggers &&
+                                      (!item || ((item->flags() & Qt::ItemIsEditable) &&
+                                                 (item->flags() & Qt::ItemIsEnabled)));
+                if (!editable)
+                    throw StepError("cell " + std::to_string(r) + "," + std::to_string(c) + " of " +
+                                    name + " is not editable");
                 if (!item) grid->setItem(r, c, item = new QTableWidgetItem);
                 item->setText(QString::fromStdString(step.value("text", std::string())));
             }
@@ -194,6 +220,8 @@ bool FrameScript::Play(FrameHost& host, std::string* error) {
                 const std::string name = step.at("menu").get<std::string>();
                 auto* action = root->findChild<QAction*>(QString::fromStdString(name));
                 if (!action) throw StepError("no menu entry " + name);
+                if (!action->isVisible()) throw StepError("menu entry " + name + " is hidden");
+                if (!action->isEnabled()) throw StepError("menu entry " + name + " is disabled");
                 if (!step.contains("path")) {
                     action->trigger();
                 } else if (fileAnswer) {
@@ -211,7 +239,7 @@ bool FrameScript::Play(FrameHost& host, std::string* error) {
             for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
         }
     } catch (const std::exception& e) {
-        if (error) *error = e.what();
+        if (error) *error = "step " + std::to_string(number) + ": " + e.what();
         return false;
     }
     return true;
@@ -236,7 +264,7 @@ void FrameScript::Finish(FrameHost& host, int deviceIndex) {
 QWidget* FrameScript::PageInView(QWidget* view) {
     if (view == nullptr) return nullptr;
     for (QWidget* w : view->findChildren<QWidget*>()) {
-        if (w->inherits(kPageClass) && !w->isHidden()) return w;
+        if (w->inherits(kPageClass) && w->isVisibleTo(view)) return w;
     }
     return nullptr;
 }

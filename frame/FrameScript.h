@@ -8,8 +8,9 @@
 //              {"choose": "cboRefTemp", "index": 0} or {"choose": ..., "entry": "degC"},
 //              {"click": "cmdNext"}, {"cell": "grd", "row": 1, "column": 2, "text": "..."},
 //              {"menu": "MenuImportQMV", "path": "f.qmv"}, {"answers": [6]}]}
-// A control is looked for in the step's page; without one, in the page in view first (every
-// page has its own cmdNext), then anywhere in the module.
+// A control is looked for on the page in view only; a step that names a page names that one.
+// A control that is missing, hidden, disabled or read-only (a grid cell that is not editable)
+// stops the run, as does a menu entry that is hidden or disabled.
 //
 // Rows printed: one per message shown (message,title,text,kind,buttons,default,answer), then
 // one per parameter write (write,menu,parameter,type,value) and the module's state
@@ -50,7 +51,8 @@ class FrameScript {
     std::function<void(const std::string& path)> fileAnswer;
 
     // Plays the steps on the hosted module's view, letting events run after each. False with
-    // the reason when a step could not be played; the steps after it are left out.
+    // "step N: " and the reason when step N (from 1) could not be played; the steps after it
+    // are left out.
     bool Play(FrameHost& host, std::string* error);
 
     // Prints the writes the device received and the module's state, then closes a module

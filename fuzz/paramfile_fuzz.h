@@ -1,17 +1,15 @@
 #pragma once
-// Shared by the flow parameter file targets: a store with the initial values and the first
+// Shared by the flow parameter file targets: the store with the initial values and the first
 // byte choosing the grid sizes, so the table sections of every fluid kind are reached.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
 
-#include "ModDefaults.h"
-#include "clsExGlobalVars.h"
+#include "store_fuzz.h"
 
 inline std::string_view PrepareStore(qdf::clsExGlobalVars& store, const uint8_t* data,
                                      size_t size) {
-    qdf::InitializeDefaults(store);
     if (size == 0) return {};
     const int pick = data[0];
     store.Mgt_GasDensPressDiv = pick % 19 - 1;

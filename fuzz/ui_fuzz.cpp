@@ -4,7 +4,7 @@
 #include "paramfile_fuzz.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    qdf::clsExGlobalVars store;
+    qdf::clsExGlobalVars& store = FreshStore();
     const std::string_view text = PrepareStore(store, data, size);
     const std::int32_t rc = qdf::ImportUIText(store, text);
     if (rc != 0 && rc != 1) std::abort();

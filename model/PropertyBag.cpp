@@ -1,5 +1,6 @@
 #include "PropertyBag.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <stdexcept>
@@ -115,6 +116,8 @@ std::optional<PropertyBag> PropertyBag::FromBytes(const std::vector<std::uint8_t
     r.le(skip, 4);
     if (!r.le(count, 4)) return std::nullopt;
     PropertyBag bag;
+    // The count is the file's word: an entry takes at least five bytes, so no more fit.
+    bag.Reserve(static_cast<std::size_t>(std::min<std::uint64_t>(count, bytes.size() / 5)));
     for (std::uint64_t e = 0; e < count; ++e) {
         std::string key;
         std::uint64_t kind = 0, raw = 0;

@@ -25,6 +25,11 @@ class PropertyBag {
     bool Contains(const std::string& key) const { return index_.count(key) != 0; }
 
     std::size_t size() const { return entries_.size(); }
+    // Room for n keys, so that filling a bag of known size does not grow it step by step.
+    void Reserve(std::size_t n) {
+        entries_.reserve(n);
+        index_.reserve(n);
+    }
     // Entries in the order they were first written.
     const std::vector<std::pair<std::string, Value>>& entries() const { return entries_; }
 

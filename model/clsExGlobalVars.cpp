@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string_view>
+#include <vector>
 
 #include "DateText.h"
 #include "Nation.h"
@@ -60,6 +61,7 @@ void SplitUnitList(const Value& list, DynArray<std::string>& texts, DynArray<std
     if (!list.isStringArray())
         throw std::invalid_argument("a device unit list must be an array of strings");
     const auto& entries = list.strings();
+    if (entries.empty()) throw std::invalid_argument("a device unit list without units");
     const auto upper = static_cast<std::int32_t>(entries.size()) - 1;
     texts.ReDim(upper);
     codes.ReDim(upper);
@@ -422,6 +424,10 @@ std::vector<std::string> PropertyBagKeys(const clsExGlobalVars& s) {
 clsExGlobalVars::clsExGlobalVars() = default;
 clsExGlobalVars::~clsExGlobalVars() = default;
 
+void clsExGlobalVars::AssignValuesFrom(const clsExGlobalVars& other) {
+    if (this != &other) *this = other;
+}
+
 void clsExGlobalVars::ClearPageList() {
     PageList.fill(std::string());
     CurrentPage = 0;
@@ -446,22 +452,45 @@ void clsExGlobalVars::SetUnitTables() {
     }
 }
 
-void clsExGlobalVars::InitializeUnits(const Value& pressUnits, const Value& tempUnits,
-                                      const Value& tagArg, const Value& userLevel,
-                                      const Value& userName) {
+std::vector<std::string> clsExGlobalVars::InitializeUnits(const Value& pressUnits,
+                                                          const Value& tempUnits,
+                                                          const Value& tagArg,
+                                                          const Value& userLevel,
+                                                          const Value& userName) {
     XLsqr.ReDim(0, 0);
     press_units.ReDim(0);
     press_units_index.ReDim(0);
     temp_units.ReDim(0);
     temp_units_index.ReDim(0);
+    std::vector<std::string> unusable;
     if (BusID == "HART") {
-        SplitUnitList(pressUnits, press_units, press_units_index);
-        SplitUnitList(tempUnits, temp_units, temp_units_index);
+        // A list the device does not deliver, or delivers malformed, stays empty: the rest of
+        // the load (role, user, tag, date) must not depend on it.
+        auto split = [&unusable](const Value& list, DynArray<std::string>& texts,
+                                 DynArray<std::int16_t>& codes, const char* name) {
+            try {
+                SplitUnitList(list, texts, codes);
+            } catch (const std::exception&) {
+                texts.ReDim(-1);
+                codes.ReDim(-1);
+                unusable.emplace_back(name);
+            }
+        };
+        split(pressUnits, press_units, press_units_index, "static_pressure_units");
+        split(tempUnits, temp_units, temp_units_index, "et_units");
     } else {
         SetUnitTables();
     }
 
-    tag = RightTrim(ConvertToKind(tagArg, MemberKind::String).str());
+    // A value the frame never delivered is empty and reads as an empty text.
+    auto text = [](const Value& v) {
+        try {
+            return ConvertToKind(v, MemberKind::String).str();
+        } catch (const std::exception&) {
+            return std::string();
+        }
+    };
+    tag = RightTrim(text(tagArg));
     Xmtr_Tag = tag;
 
     // A level that is no number is "any other level".
@@ -487,13 +516,14 @@ void clsExGlobalVars::InitializeUnits(const Value& pressUnits, const Value& temp
     }
 
     // The frame's own name is no user name.
-    const std::string user = ConvertToKind(userName, MemberKind::String).str();
+    const std::string user = text(userName);
     Mgt_UserName = (user == "PACTware" || user.empty()) ? Mgt_UserRole : user;
 
     Mgt_ConfDate = NowDateTime();
     Mgt_CfgSoftRev = Mgt_SoftRevNO;
     varsChanged = kTrue;
     if (!propertyBag) propertyBag = std::make_shared<PropertyBag>();
+    return unusable;
 }
 
 void clsExGlobalVars::Initialize() {
@@ -522,6 +552,8 @@ void clsExGlobalVars::Terminate() {
 
 void clsExGlobalVars::InitializePropertyBagFromVars() {
     auto bag = std::make_shared<PropertyBag>();
+    // The bag it replaces holds the same keys.
+    if (propertyBag) bag->Reserve(propertyBag->size());
     for (std::string_view entry : kBagOrder) {
         if (std::string_view arr = ArrayName(entry); !arr.empty()) {
             const MemberInfo& m = *FindMember(arr);
@@ -541,20 +573,25 @@ void clsExGlobalVars::InitializeVarsFromPropertyBag() {
     if (!propertyBag) return;
     const PropertyBag& bag = *propertyBag;
     // Errors are ignored key by key: a missing or unreadable key leaves its member as it was.
+    // A missing key is looked for, not thrown for: a bag of an older revision lacks thousands.
     for (std::string_view entry : kBagOrder) {
         if (std::string_view arr = ArrayName(entry); !arr.empty()) {
             const MemberInfo& m = *FindMember(arr);
             const std::string base = "m_" + std::string(arr) + "_";
             const std::int32_t up = m.upper(*this);
             for (std::int32_t i = 0; i <= up; ++i) {
+                const Value* v = bag.Find(base + std::to_string(i));
+                if (!v) continue;
                 try {
-                    m.setAt(*this, i, bag.ReadProperty(base + std::to_string(i)));
+                    m.setAt(*this, i, *v);
                 } catch (const std::exception&) {
                 }
             }
         } else if (!NotReadBackFromBag(entry)) {
+            const Value* v = bag.Find("m_" + std::string(entry));
+            if (!v) continue;
             try {
-                FindMember(entry)->set(*this, bag.ReadProperty("m_" + std::string(entry)));
+                FindMember(entry)->set(*this, *v);
             } catch (const std::exception&) {
             }
         }

@@ -37,7 +37,10 @@ class clsExGlobalVars {
     clsExGlobalVars();
     ~clsExGlobalVars();
     clsExGlobalVars(const clsExGlobalVars&) = delete;
-    clsExGlobalVars& operator=(const clsExGlobalVars&) = delete;
+    // Every member's value as in `other`; object links (frame, parent, bags, business object)
+    // are shared, not duplicated. For callers that need many stores in one prepared state
+    // without preparing each (the readers' fuzz targets start every input from the defaults).
+    void AssignValuesFrom(const clsExGlobalVars& other);
 
     // Declared ahead of everything else on purpose: its accessors come first.
     double calc_DensitySigma = kNotEntered;
@@ -426,10 +429,13 @@ class clsExGlobalVars {
     // ---- operations ---------------------------------------------------------------------
     // Unit lists, tag, role, user, date, revision copy. On "HART" the two lists are the
     // device's enumerations ("code:text" strings, as a string array Value); on any other bus
-    // they are ignored and the fixed lists are used. An entry without ":" or with a code that
-    // is no 16-bit integer throws std::invalid_argument.
-    void InitializeUnits(const Value& pressUnits, const Value& tempUnits, const Value& tagArg,
-                         const Value& userLevel, const Value& userName);
+    // they are ignored and the fixed lists are used. A HART list that is not an array of
+    // strings, or has an entry without ":" or with a code that is no 16-bit integer, stays
+    // empty and the rest goes on; the names of such lists ("static_pressure_units",
+    // "et_units") are returned, for the caller to tell the user.
+    std::vector<std::string> InitializeUnits(const Value& pressUnits, const Value& tempUnits,
+                                             const Value& tagArg, const Value& userLevel,
+                                             const Value& userName);
     // Builds the table of device parameter names ("HART_" / "FFH1_" + logical name).
     void Initialize();
     // The parameter name under busId + "_" + name, or "" when the table has no such key.
@@ -444,6 +450,8 @@ class clsExGlobalVars {
     const PropertyBag* ddNameTable() const { return ddNames_.get(); }
 
   private:
+    // Private, so that no page copies the store by mistake; AssignValuesFrom says it out loud.
+    clsExGlobalVars& operator=(const clsExGlobalVars&) = default;
     void SetUnitTables();
 
     std::int16_t readonly_ = kTrue;

@@ -127,6 +127,15 @@ void LogFileError(clsExGlobalVars& store, int32_t code, int32_t subCode, const s
     store.Gbl_ErrorMessage = text;
 }
 
+void LogLinkError(const clsExGlobalVars& store, const std::string& text) {
+    const std::string path = LogFilePath(store);
+    RotateLog(path);
+    AppendLine(path,
+               {Quoted(NowDateTime()), Quoted("Tag name"), Quoted(store.tag), Quoted("Error"),
+                Bare(int32_t{0}), Bare(int32_t{0}), Quoted(text)},
+               true);
+}
+
 void RotateLog(const std::string& path) {
     try {
         std::error_code ec;

@@ -33,6 +33,11 @@ void LogCalcError(clsExGlobalVars& store, int32_t kind, const std::string& level
 // LogCalcError.
 void LogFileError(clsExGlobalVars& store, int32_t code, int32_t subCode, const std::string& text);
 
+// A failure of the device link (a parameter the frame would not look up or observe): a short
+// entry with level "Error", code and sub-code 0 and the text. The store's error members stay
+// as they are. Throws like LogCalcError.
+void LogLinkError(const clsExGlobalVars& store, const std::string& text);
+
 // Moves the log aside once it has grown above 1024 KB (length / 1024, rounded half to even):
 // "QDFSondra.log" becomes "QDFSondra1.log", replacing an older one. Never fails: a missing
 // file or any file system error ends it quietly.

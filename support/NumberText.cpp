@@ -176,6 +176,12 @@ std::string FormatNumber(double v, std::string_view pattern) {
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
+    return ParseNumber(text, NumberSeparators{});
+}
+
+std::optional<double> ParseNumber(std::string_view text, const NumberSeparators& seps) {
+    const std::string_view decimal = seps.decimal;
+    const std::string_view group = seps.group;
     auto blank = [](char c) { return c == ' ' || c == '\t'; };
     size_t b = 0, e = text.size();
     while (b < e && blank(text[b])) ++b;
@@ -187,15 +193,18 @@ std::optional<double> ParseNumber(std::string_view text) {
     bool negative = false;
     if (i < s.size() && (s[i] == '+' || s[i] == '-')) negative = s[i++] == '-';
 
+    auto at = [&s](size_t pos, std::string_view mark) {
+        return !mark.empty() && s.substr(pos).starts_with(mark);
+    };
     std::string intDigits;
     while (i < s.size() && digit(s[i])) {
         intDigits.push_back(s[i++]);
-        if (i + 1 < s.size() && s[i] == ',' && digit(s[i + 1])) ++i;
+        if (at(i, group) && i + group.size() < s.size() && digit(s[i + group.size()]))
+            i += group.size();
     }
     std::string fracDigits;
-    bool point = i < s.size() && s[i] == '.';
-    if (point)
-        for (++i; i < s.size() && digit(s[i]); ++i) fracDigits.push_back(s[i]);
+    if (at(i, decimal))
+        for (i += decimal.size(); i < s.size() && digit(s[i]); ++i) fracDigits.push_back(s[i]);
     if (intDigits.empty() && fracDigits.empty()) return std::nullopt;
 
     long exp = 0;
@@ -238,6 +247,24 @@ std::optional<double> ParseNumber(std::string_view text) {
 
 bool IsNumeric(std::string_view text) {
     return ParseNumber(text).has_value();
+}
+
+bool IsNumeric(std::string_view text, const NumberSeparators& seps) {
+    return ParseNumber(text, seps).has_value();
+}
+
+std::string NumToText(double v, const NumberSeparators& seps) {
+    std::string text = NumToText(v);
+    const std::size_t point = text.find('.');
+    if (point != std::string::npos) text.replace(point, 1, seps.decimal);
+    return text;
+}
+
+std::string NumToTextSingle(float v, const NumberSeparators& seps) {
+    std::string text = NumToTextSingle(v);
+    const std::size_t point = text.find('.');
+    if (point != std::string::npos) text.replace(point, 1, seps.decimal);
+    return text;
 }
 
 }  // namespace qdf

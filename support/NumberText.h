@@ -1,13 +1,21 @@
 #pragma once
 // Numbers as the user sees and types them. Every routine here is independent of the process
-// locale: the decimal separator is always a point, so a Qt application that switches the C
-// locale to the user's one still reads and writes the same texts.
+// locale. Without separators given, the decimal separator is a point and the grouping one a
+// comma: the form of every file, which must read the same on every desktop. The pages pass
+// the user's own separators instead.
 
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace qdf {
+
+// The separators of a number text: the decimal one and the one between digit groups (empty:
+// no grouping). The defaults are the files' form.
+struct NumberSeparators {
+    std::string decimal = ".";
+    std::string group = ",";
+};
 
 // The plain number-to-text conversion, the general format of a double:
 // - at most 15 significant digits, rounded to nearest; trailing zeros and a bare point dropped;
@@ -57,5 +65,12 @@ std::string FormatNumber(double v, std::string_view pattern);
 // The value must be a finite double: "1e400" is not a number; "1e-400" is 0.
 bool IsNumeric(std::string_view text);
 std::optional<double> ParseNumber(std::string_view text);
+// The same test with other separators: under a decimal comma and a grouping point, "1,5" is
+// 1.5 and "1.000,5" is 1000.5.
+bool IsNumeric(std::string_view text, const NumberSeparators& seps);
+std::optional<double> ParseNumber(std::string_view text, const NumberSeparators& seps);
+// NumToText and NumToTextSingle with the given decimal separator.
+std::string NumToText(double v, const NumberSeparators& seps);
+std::string NumToTextSingle(float v, const NumberSeparators& seps);
 
 }  // namespace qdf

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPalette>
 #include <QVBoxLayout>
 
@@ -167,8 +168,17 @@ void ShowSequence(bool basic, QGroupBox* autoFrame, BlinkTimer* autoTimer, QGrou
     basicFrame->setVisible(basic);
 }
 
+qdf::NumberSeparators UserSeparators() {
+    const QLocale user;
+    return {user.decimalPoint().toStdString(), user.groupSeparator().toStdString()};
+}
+
+std::string UserNumberText(double value) {
+    return qdf::NumToText(value, UserSeparators());
+}
+
 void ShowNumber(QLineEdit* box, double value) {
-    box->setText(value == kNotEntered ? QString() : QString::fromStdString(qdf::NumToText(value)));
+    box->setText(value == kNotEntered ? QString() : QString::fromStdString(UserNumberText(value)));
 }
 
 void FillList(QComboBox* box, const std::vector<std::string>& texts) {
@@ -233,15 +243,15 @@ std::string BoxText(const QLineEdit* box) {
 }
 
 bool BoxIsNumber(const QLineEdit* box) {
-    return qdf::IsNumeric(BoxText(box));
+    return qdf::IsNumeric(BoxText(box), UserSeparators());
 }
 
 double BoxNumber(const QLineEdit* box) {
-    return qdf::ParseNumber(BoxText(box)).value_or(0.0);
+    return qdf::ParseNumber(BoxText(box), UserSeparators()).value_or(0.0);
 }
 
 std::string LimitText(double value) {
-    return qdf::NumToTextSingle(static_cast<float>(value));
+    return qdf::NumToTextSingle(static_cast<float>(value), UserSeparators());
 }
 
 std::string RangeText(std::string_view before, double low, std::string_view between, double high,

@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "NumberText.h"
 #include "SDKMessages.h"
 
 class QComboBox;
@@ -80,6 +81,12 @@ std::vector<std::pair<QString, QString>> BasicSequenceSteps(const QString& lastS
 void ShowSequence(bool basic, QGroupBox* autoFrame, BlinkTimer* autoTimer, QGroupBox* basicFrame,
                   BlinkTimer* basicTimer);
 
+// The user's decimal and grouping separators (Qt's default locale, which is the system's
+// unless a test sets another). Pages read and show numbers with them; files never do.
+qdf::NumberSeparators UserSeparators();
+// The plain number form with the user's decimal separator, for boxes and messages.
+std::string UserNumberText(double value);
+
 // -999999 shows as an empty box; any other value in the plain number form.
 void ShowNumber(QLineEdit* box, double value);
 
@@ -131,7 +138,7 @@ void SelectText(QComboBox* box, const std::string& text);
 
 // The text of a box as the user sees it.
 std::string BoxText(const QLineEdit* box);
-// True when the box holds a number by the general numeric test.
+// True when the box holds a number by the general numeric test, under the user's separators.
 bool BoxIsNumber(const QLineEdit* box);
 // The number in a box that passed BoxIsNumber.
 double BoxNumber(const QLineEdit* box);

@@ -448,7 +448,7 @@ void TVRQDFFCWMain::CheckCompatible() {
     const std::string text =
         "\nThe reference pressure must be entered as the absolute pressure.\nPlease reenter the "
         "absolute pressure equivalent to the following gauge pressure.\n\nReference pressure : " +
-        qdf::NumToText(store_->UI_PressRef) + " " +
+        qdf::wizard::UserNumberText(store_->UI_PressRef) + " " +
         qdf::CodeToText(qdf::kProcessPressureUnits, store_->UI_PressRefUnit);
     Ask(kTitleWizard, text, qdf::kPageNotice);
     store_->UI_PressRef = qdf::kNotEntered;

@@ -7,6 +7,7 @@
 
 #include "ModDefaults.h"
 #include "ModDeviceParams.h"
+#include "ModLog.h"
 #include "Nation.h"
 #include "PropertyBag.h"
 #include "Registry.h"
@@ -184,31 +185,48 @@ void TVRQDFFlowConfigWizard::ISDKModule_Initialize(const std::string& moduleID,
 
     if (SDKManager_) SDKManager_->RequestBusinessObject(kBusinessObjectName, asyncStatus_.get());
 
-    for (int i = 0; i < kEntryCount; ++i) entries_[static_cast<std::size_t>(i)].id = kEntries[i].id;
+    for (int i = 0; i < kEntryCount; ++i) {
+        ObservedVariable& e = entries_[static_cast<std::size_t>(i)];
+        e = ObservedVariable();
+        e.id = kEntries[i].id;
+    }
 
     for (int i = 0; i < kEntryCount; ++i) {
         // The load may complete inside the last registration, not before.
         if (i == kEntryCount - 1) allRequested_ = -1;
         if (!SDKManager_ || !store_) break;
-        ObservedVariable& e = entries_[static_cast<std::size_t>(i)];
-        try {
-            const std::string name = store_->GetDDName(busID_, kEntries[i].logical);
-            ISDKVariable* variable =
-                SDKManager_->FindVariable(qdf::sdk::kVariableKindParameter, name);
-            if (!variable) continue;
-            ISDKAccessor* accessor = SDKManager_->OpenVariable(variable);
-            ISDKAttribute* attribute =
-                accessor ? accessor->GetAttribute(kEntries[i].attribute) : nullptr;
-            // Only a registration that can deliver makes the load wait for it.
-            if (!attribute) continue;
-            e.variable = variable;
-            e.accessor = accessor;
-            e.attribute = attribute;
-            e.handle = attribute->Advise(e.id, this);
-            attribute->StartObserving(e.handle);
-        } catch (const SDKError&) {
-            // A value the frame cannot serve is simply not observed.
-        }
+        Observe(entries_[static_cast<std::size_t>(i)], kEntries[i].logical, kEntries[i].attribute);
+    }
+}
+
+void TVRQDFFlowConfigWizard::Observe(ObservedVariable& e, const char* logical,
+                                     std::int32_t attributeId) {
+    e.name = store_->GetDDName(busID_, logical);
+    std::string step = "looking up";
+    try {
+        // No variable is how a parameter that this bus or revision lacks drops out.
+        e.variable = SDKManager_->FindVariable(qdf::sdk::kVariableKindParameter, e.name);
+        if (!e.variable) return;
+        step = "opening";
+        e.accessor = SDKManager_->OpenVariable(e.variable);
+        if (!e.accessor) throw SDKError("the frame gave no accessor");
+        step = "reading attribute " + std::to_string(attributeId) + " of";
+        e.attribute = e.accessor->GetAttribute(attributeId);
+        if (!e.attribute) throw SDKError("the frame has no such attribute");
+        step = "observing";
+        e.handle = e.attribute->Advise(e.id, this);
+        e.attribute->StartObserving(e.handle);
+    } catch (const std::exception& error) {
+        e.failure = step + " " + e.name + ": " + error.what();
+        LogFailure(e.failure);
+    }
+}
+
+void TVRQDFFlowConfigWizard::LogFailure(const std::string& text) const {
+    // Without a log folder the entry is lost; the load goes on regardless.
+    try {
+        if (store_) qdf::LogLinkError(*store_, text);
+    } catch (const std::exception&) {
     }
 }
 
@@ -221,18 +239,19 @@ ObservedVariable* TVRQDFFlowConfigWizard::Find(std::int32_t id) {
 void TVRQDFFlowConfigWizard::ISDKObserverCallback_Update(std::int32_t hObserver,
                                                          const qdf::Value& varNewValue) {
     if (hObserver == 0) return;
+    // A frame may still deliver after the module was shut down (or before it started): there is
+    // no store to take the value.
+    if (!store_) return;
     ObservedVariable* e = Find(hObserver);
     if (!e) return;
     e->value = varNewValue;
     // These follow the device while the module is open; the download uses them.
-    if (store_) {
-        if (hObserver == kTempUnitId && busID_ == "HART")
-            store_->HART_SimpleTempUnitSave = IntegerOf(varNewValue);
-        if (hObserver == kFFTempUnitId && busID_ == "FFH1")
-            store_->FF_FtbTempUnitCodeSave = IntegerOf(varNewValue);
-    }
+    if (hObserver == kTempUnitId && busID_ == "HART")
+        store_->HART_SimpleTempUnitSave = IntegerOf(varNewValue);
+    if (hObserver == kFFTempUnitId && busID_ == "FFH1")
+        store_->FF_FtbTempUnitCodeSave = IntegerOf(varNewValue);
     for (const ObservedVariable& x : entries_)
-        if (x.variable && x.value.isEmpty()) return;
+        if (x.Pending()) return;
     if (allRequested_) CompleteLoad();
 }
 
@@ -248,6 +267,7 @@ void TVRQDFFlowConfigWizard::StopObserver(ObservedVariable& e) {
 
 void TVRQDFFlowConfigWizard::CompleteLoad() {
     allRequested_ = 0;
+    if (!store_) return;
     ++completions_;
     qdf::clsExGlobalVars& s = *store_;
 
@@ -290,11 +310,21 @@ void TVRQDFFlowConfigWizard::CompleteLoad() {
     CopyDeviceValues();
 
     s.strCorvanePCLocation = qdf::PCLocation(qdf::UserNation());
-    try {
-        s.InitializeUnits(Find(50)->value, Find(48)->value, Find(35)->value, Find(33)->value,
-                          Find(34)->value);
-    } catch (const std::exception&) {
-        // A malformed unit list from the device leaves the lists as far as they came.
+    const std::vector<std::string> unusable = s.InitializeUnits(
+        Find(50)->value, Find(48)->value, Find(35)->value, Find(33)->value, Find(34)->value);
+    if (!unusable.empty()) {
+        std::string names;
+        for (const std::string& logical : unusable) {
+            if (!names.empty()) names += " and ";
+            names += s.GetDDName(busID_, logical);
+        }
+        const std::string text =
+            (unusable.size() == 1 ? "The device's unit list " + names + " is"
+                                  : "The device's unit lists " + names + " are") +
+            " missing or unreadable. No unit can be selected from " +
+            (unusable.size() == 1 ? "it." : "them.");
+        LogFailure(text);
+        ShowWarning(SDKManager_, text.c_str());
     }
 
     qdf::clsExGlobalVars* given = main_->Initialize(store_.get());
@@ -378,8 +408,10 @@ void TVRQDFFlowConfigWizard::ApplyResizeRule() {
 }
 
 std::int32_t TVRQDFFlowConfigWizard::ISDKModule_QueryDisconnect() {
-    for (std::int32_t id : {kTempUnitId, kFFTempUnitId})
-        if (ObservedVariable* e = Find(id)) StopObserver(*e);
+    // After the load only the two temperature units are still observed; a module closed while
+    // loading also ends the registrations still waiting, and never completes that load.
+    allRequested_ = 0;
+    for (ObservedVariable& e : entries_) StopObserver(e);
     main_->Terminate();
     main_->hide();
     errorScreen_->hide();

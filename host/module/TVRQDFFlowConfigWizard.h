@@ -37,7 +37,7 @@ class ctlErrorScreen : public QWidget {
     QLabel* Label1;
 };
 
-// One observed device value.
+// One observed device value, with what each step of its lookup gave.
 struct ObservedVariable {
     std::int32_t id = 0;
     std::int32_t handle = 0;
@@ -45,6 +45,13 @@ struct ObservedVariable {
     ISDKVariable* variable = nullptr;
     ISDKAccessor* accessor = nullptr;
     ISDKAttribute* attribute = nullptr;
+    // The parameter name looked up ("" when the bus has none for this entry).
+    std::string name;
+    // What went wrong between finding the variable and observing it, "" when nothing did. Such
+    // an entry never delivers, so the load does not wait for it; its value stays empty.
+    std::string failure;
+    // True while the load waits for this value.
+    bool Pending() const { return variable && failure.empty() && value.isEmpty(); }
 };
 
 // Horizontal and vertical bar over the hosted area.
@@ -109,6 +116,8 @@ class TVRQDFFlowConfigWizard : public QWidget, public ISDKModule, public ISDKObs
     void CopyDeviceValues();
     void ApplyResizeRule();
     void StopObserver(ObservedVariable& e);
+    void Observe(ObservedVariable& e, const char* logical, std::int32_t attributeId);
+    void LogFailure(const std::string& text) const;
     ObservedVariable* Find(std::int32_t id);
 
     std::unique_ptr<qdf::clsExGlobalVars> store_;

@@ -11,6 +11,7 @@
 #include "../common/DataTable.h"
 #include "../common/StoreMembers.h"
 #include "FrameManager.h"
+#include "FrameProject.h"
 #include "FrameTestSupport.h"
 #include "ModDownload.h"
 #include "clsAsyncStatus.h"
@@ -232,6 +233,76 @@ TEST(FrameProject, BusinessObjectAndOfflineDataSurviveSaveAndOpen) {
     qdf::host::clsAsyncStatus s2;
     m2.RequestBusinessObject("TVRQDFFCWBO", &s2);
     EXPECT_TRUE(s2.result.isEmpty());
+}
+
+TEST(FrameProject, BrokenFilesAreRefusedNamingTheFileAndThePlace) {
+    // Catches a broken device description or project taken in part or silently as empty (a
+    // parameter list that is no list, a non-text enumeration entry read as ""), or an error that
+    // does not say which file and where.
+    const std::string param = R"({"name": "ref_sp", "type": "float", "value": 1})";
+    auto device = [&](const std::string& extra) {
+        return R"({"bus": "HART", "parameters": [)" + param + "]" + extra + "}";
+    };
+    struct Case {
+        std::string text;
+        const char* deviceError;  // as a device file "d.json"
+    };
+    const std::vector<Case> cases = {
+        {"{\n  \"bus\": \"HART\",\n  \"parameters\": [}", "d.json: line 3, column 19: "},
+        {"[1]", "d.json: not a device description (no JSON object)"},
+        {R"({"bus": "CAN", "parameters": []})", R"(d.json: bus: must be "HART" or "FFH1")"},
+        {R"({"bus": "HART"})", "d.json: parameters: not a list"},
+        {R"({"bus": "HART", "parameters": {}})", "d.json: parameters: not a list"},
+        {R"({"bus": "HART", "parameters": [7]})", "d.json: parameters[0]: not an object"},
+        {R"({"bus": "HART", "revision": 1.5, "parameters": []})",
+         "d.json: revision: not a whole number"},
+        {R"({"bus": "HART", "parameters": [{"type": "float", "value": 1}]})",
+         "d.json: parameters[0]: a parameter without a name"},
+        {R"({"bus": "HART", "parameters": [{"name": "x", "type": "long", "value": 1}]})",
+         "d.json: parameters[0] (x).type: unknown type"},
+        {R"({"bus": "HART", "parameters": [{"name": "x", "type": "int16", "value": 70000}]})",
+         "d.json: parameters[0] (x).value: not a value of its type"},
+        {R"({"bus": "HART", "parameters": [{"name": "x", "type": "int16", "value": 1,
+             "enumeration": ["1:a", 2]}]})",
+         "d.json: parameters[0] (x).enumeration[1]: not a text"},
+        {R"({"bus": "HART", "parameters": [)" + param + "," + param + "]}",
+         "d.json: parameters[1] (ref_sp): named twice"},
+        {device(R"(, "menus": {"m": ["ref_sp", "nothing"]})"),
+         "d.json: menus.m[1]: names unknown parameter nothing"},
+        {device(R"(, "menus": {"m": "ref_sp"})"), "d.json: menus.m: not a list"},
+        {device(R"(, "businessObjects": {"BO": "***"})"), "d.json: businessObjects.BO: not base64"},
+    };
+    for (const Case& c : cases) {
+        QString error;
+        EXPECT_FALSE(FrameDevice::FromBytes(QByteArray::fromStdString(c.text), "d.json", &error))
+            << c.text;
+        EXPECT_TRUE(error.toStdString().starts_with(c.deviceError)) << error.toStdString();
+    }
+
+    // In a project the place runs from the project's root; the devices read before stay out.
+    const std::string good = device("");
+    const std::vector<std::pair<std::string, std::string>> projects = {
+        {R"({"format": "qdf-frame-project", "devices": [)" + good + R"(, {"bus": "CAN"}]})",
+         R"(p.qdfproject: devices[1].bus: must be "HART" or "FFH1")"},
+        {R"({"format": "qdf-frame-project", "devices": [)" + good + R"(, 3]})",
+         "p.qdfproject: devices[1]: not an object"},
+        {R"({"format": "qdf-frame-project", "devices": {}})", "p.qdfproject: devices: not a list"},
+        {R"({"format": "other", "devices": []})", "p.qdfproject: not a frame project"},
+        {"{\"format\": ", "p.qdfproject: line 1, column 12: "},
+    };
+    for (const auto& [text, why] : projects) {
+        QString error;
+        EXPECT_FALSE(ReadProjectFile(QByteArray::fromStdString(text), "p.qdfproject", &error))
+            << text;
+        EXPECT_TRUE(error.toStdString().starts_with(why)) << error.toStdString();
+    }
+    QString error;
+    auto read = ReadProjectFile(
+        QByteArray::fromStdString(R"({"format": "qdf-frame-project", "devices": [)" + good + "]}"),
+        "p.qdfproject", &error);
+    ASSERT_TRUE(read) << error.toStdString();
+    ASSERT_EQ(read->size(), 1u);
+    EXPECT_EQ(read->front().Find("ref_sp")->value, Value(1.0f));
 }
 
 }  // namespace

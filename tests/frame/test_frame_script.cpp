@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
+#include <functional>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -151,22 +152,79 @@ TEST(FrameScript, UnnamedPageMeansThePageInViewAndRowsAreQuoted) {
 TEST(FrameScript, StopsAtTheFirstStepItCannotPlayAndSaysWhy) {
     // Catches a bad step that is skipped silently, or steps played after it.
     const std::vector<std::pair<std::string, std::string>> cases = {
-        {R"({"page": "pageNone", "click": "cmdNext"})", "no page pageNone"},
-        {R"({"click": "cmdMissing"})", "no control cmdMissing"},
-        {R"({"page": "pageFirst", "set": "txtValue", "text": "1"})", "no control txtValue"},
-        {R"({"choose": "cboUnit", "entry": "K"})", "no entry K"},
-        {R"({"menu": "MenuNone"})", "no menu entry MenuNone"},
-        {R"({"page": "pageSecond", "click": "cmdClose"})", "the module is closed"},
+        {R"({"page": "pageNone", "click": "cmdNext"})", "step 1: no page pageNone"},
+        {R"({"click": "cmdMissing"})", "step 1: no control cmdMissing on pageFirst"},
+        {R"({"page": "pageFirst", "set": "txtValue", "text": "1"})",
+         "step 1: no control txtValue on pageFirst"},
+        {R"({"menu": "MenuNone"})", "step 1: no menu entry MenuNone"},
+        {R"({"answers": [6]}, {"click": "cmdNext"}, {"choose": "cboUnit", "entry": "K"})",
+         "step 3: no entry K"},
+        {R"({"click": "cmdNext"}, {"click": "cmdClose"}, {"click": "cmdNext"})",
+         "step 3: the module is closed"},
     };
-    for (const auto& [step, why] : cases) {
-        Played run(R"({"steps": [)" + step + R"(, {"page": "pageSecond", "click": "cmdNext"}]})");
-        const bool closes = why == "the module is closed";
-        EXPECT_EQ(run.Play(), why) << step;
+    for (const auto& [steps, why] : cases) {
+        Played run(R"({"steps": [)" + steps + R"(, {"click": "cmdNext"}, {"click": "cmdNext"}]})");
+        const bool closes = why.ends_with("the module is closed");
+        const bool onSecond = why.starts_with("step 3");
+        EXPECT_EQ(run.Play(), why) << steps;
         if (!closes) {
-            EXPECT_EQ(run.module->secondNextClicks, 0) << step;
+            EXPECT_EQ(run.module->secondNextClicks, 0) << steps;
         }
         run.script.Finish(run.host, 0);
-        EXPECT_EQ(run.out.str(), closes ? "module,closed\n" : "module,open,pageFirst\n") << step;
+        EXPECT_EQ(run.out.str(), closes     ? "module,closed\n"
+                                 : onSecond ? "module,open,pageSecond\n"
+                                            : "module,open,pageFirst\n")
+            << steps;
+    }
+}
+
+TEST(FrameScript, RefusesWhatNoUserCouldReach) {
+    // Catches a step that presses a control on a page not in view (searched for in the whole
+    // module), or one that is hidden, disabled or read-only: the run must stop there, say
+    // which step and why, and the control must not act.
+    struct Case {
+        std::string steps;
+        std::function<void(PagesModule&)> prepare;
+        std::string why;
+    };
+    const std::vector<Case> cases = {
+        {R"({"page": "pageSecond", "click": "cmdAsk"})", nullptr,
+         "step 1: page pageSecond is not in view (pageFirst is)"},
+        {R"({"click": "cmdAsk"})", nullptr, "step 1: no control cmdAsk on pageFirst"},
+        {R"({"click": "cmdNext"}, {"page": "pageFirst", "click": "cmdNext"})", nullptr,
+         "step 2: page pageFirst is not in view (pageSecond is)"},
+        {R"({"click": "cmdNext"}, {"answers": [6]}, {"click": "cmdAsk"})",
+         [](PagesModule& m) { m.second->findChild<QPushButton*>("cmdAsk")->hide(); },
+         "step 3: cmdAsk on pageSecond is hidden"},
+        {R"({"click": "cmdNext"}, {"click": "cmdAsk"})",
+         [](PagesModule& m) { m.second->findChild<QPushButton*>("cmdAsk")->setEnabled(false); },
+         "step 2: cmdAsk on pageSecond is disabled"},
+        {R"({"click": "cmdNext"}, {"set": "txtValue", "text": "3"})",
+         [](PagesModule& m) { m.box->setReadOnly(true); },
+         "step 2: txtValue on pageSecond is read-only"},
+        {R"({"click": "cmdNext"}, {"choose": "cboUnit", "index": 1})",
+         [](PagesModule& m) { m.list->setEnabled(false); },
+         "step 2: cboUnit on pageSecond is disabled"},
+        {R"({"click": "cmdNext"}, {"cell": "grdTable", "row": 0, "column": 1, "text": "9"})",
+         [](PagesModule& m) { m.grid->setEditTriggers(QAbstractItemView::NoEditTriggers); },
+         "step 2: cell 0,1 of grdTable is not editable"},
+        {R"({"menu": "MenuOpen", "path": "x.qmv"})",
+         [](PagesModule& m) { m.findChild<QAction*>("MenuOpen")->setEnabled(false); },
+         "step 1: menu entry MenuOpen is disabled"},
+    };
+    for (const Case& c : cases) {
+        Played run(R"({"steps": [)" + c.steps + "]}");
+        PagesModule& m = *run.module;
+        if (c.prepare) c.prepare(m);
+        EXPECT_EQ(run.Play(), c.why) << c.steps;
+        EXPECT_EQ(m.answer, 0) << c.steps;
+        EXPECT_EQ(m.box->text(), "") << c.steps;
+        EXPECT_EQ(m.list->currentIndex(), 0) << c.steps;
+        EXPECT_EQ(m.grid->item(0, 1), nullptr) << c.steps;
+        EXPECT_EQ(m.opened, "(not asked)") << c.steps;
+        EXPECT_EQ(m.secondNextClicks, 0) << c.steps;
+        run.script.Finish(run.host, 0);
+        EXPECT_EQ(run.out.str().find("message,"), std::string::npos) << c.steps;
     }
 }
 

@@ -386,16 +386,54 @@ TEST(InitializeUnits, HartListsComeFromTheDevice) {
     EXPECT_EQ(s.Gettemp_units_index(), (std::vector<std::int16_t>{33}));
     EXPECT_THROW(s.press_units[3], std::out_of_range);
 
-    clsExGlobalVars bad;
-    bad.BusID = "HART";
-    EXPECT_THROW(bad.InitializeUnits(Value(std::vector<std::string>{"kPa"}),
-                                     Value(std::vector<std::string>{}), Value(""),
-                                     Value(std::int32_t{2}), Value("")),
-                 std::invalid_argument);
-    EXPECT_THROW(bad.InitializeUnits(Value(std::vector<std::string>{"70000:x"}),
-                                     Value(std::vector<std::string>{}), Value(""),
-                                     Value(std::int32_t{2}), Value("")),
-                 std::overflow_error);
+    EXPECT_TRUE(s.InitializeUnits(Value(std::vector<std::string>{"12:kPa"}),
+                                  Value(std::vector<std::string>{"32:degC"}), Value(""),
+                                  Value(std::int32_t{2}), Value(""))
+                    .empty());
+}
+
+TEST(InitializeUnits, HartListMissingOrMalformedStaysEmptyAndTheRestGoesOn) {
+    // Catches a missing or malformed device list that stops the role, user, tag and date from
+    // being set (every user then read-only), one that leaves part of a list, or a list not
+    // named for the message.
+    using Strings = std::vector<std::string>;
+    const Value good(Strings{"7:bar", "12:kPa"});
+    struct Case {
+        Value press;
+        Value temp;
+        Strings named;
+    };
+    const Case cases[] = {
+        {Value(), Value(Strings{"32:degC"}), {"static_pressure_units"}},
+        {Value("12:kPa"), Value(Strings{"32:degC"}), {"static_pressure_units"}},
+        {Value(Strings{}), Value(Strings{"32:degC"}), {"static_pressure_units"}},
+        {Value(Strings{"12:kPa", "kPa"}), Value(Strings{"32:degC"}), {"static_pressure_units"}},
+        {Value(Strings{"12:kPa", "70000:x"}), Value(Strings{"32:degC"}), {"static_pressure_units"}},
+        {good, Value(Strings{":degC"}), {"et_units"}},
+        {Value(), Value(), {"static_pressure_units", "et_units"}},
+    };
+    for (const Case& c : cases) {
+        const std::string where = c.press.isStringArray() && !c.press.strings().empty()
+                                      ? c.press.strings().back()
+                                      : "no list";
+        clsExGlobalVars s;
+        s.BusID = "HART";
+        EXPECT_EQ(s.InitializeUnits(c.press, c.temp, Value("FT-7  "), Value(std::int32_t{2}),
+                                    Value("Akiko")),
+                  c.named)
+            << where;
+        const bool pressBad = c.named.front() == "static_pressure_units";
+        const bool tempBad = c.named.back() == "et_units";
+        EXPECT_EQ(s.Getpress_units(), pressBad ? Strings{} : Strings({"bar", "kPa"})) << where;
+        EXPECT_EQ(s.Getpress_units_index().size(), pressBad ? 0u : 2u) << where;
+        EXPECT_EQ(s.Gettemp_units(), tempBad ? Strings{} : Strings({"degC"})) << where;
+        EXPECT_EQ(s.Gettemp_units_index().size(), tempBad ? 0u : 1u) << where;
+        EXPECT_EQ(s.readonly(), qdf::kFalse) << where;
+        EXPECT_EQ(s.Mgt_UserRole, "Maintenance") << where;
+        EXPECT_EQ(s.Mgt_UserName, "Akiko") << where;
+        EXPECT_EQ(s.Xmtr_Tag, "FT-7") << where;
+        EXPECT_FALSE(s.Mgt_ConfDate.empty()) << where;
+    }
 }
 
 TEST(DeviceParameterNames, LookupByBus) {

@@ -1,4 +1,8 @@
+#include <map>
+#include <sstream>
+
 #include "../common/DataTable.h"
+#include "FrameScript.h"
 #include "HostedModule.h"
 
 using namespace qdf;
@@ -70,4 +74,60 @@ TEST_F(HostedModule, BasicPathWritesEightParametersOnFieldbus) {
     Settle();
     EXPECT_FALSE(host.IsModuleOpen());
     ExpectBasicWrites(host.Device(0), "qdf300_ffh1.json");
+}
+
+// Catches HART unit lists selected by the short table's positions: in "Japan" the demo device
+// delivers its own full enumeration, and its kPa (12) must show and go back to the device as
+// 12, not as the fourth entry of the full list (4, "mmH2O @ 68degF").
+TEST_F(HostedModule, JapanShowsAndWritesBackTheDevicesOwnUnitsOnHart) {
+    setenv("LC_ALL", "ja_JP.UTF-8", 1);
+    AddDevice("qdf300_hart.json");
+    Open();
+    ASSERT_EQ(Store().strCorvanePCLocation, "Japan");
+    ASSERT_EQ(Store().Getpress_units().size(), 19u);
+    Main().ctlModeSelection1->optBasicMode->click();
+    Main().ctlModeSelection1->cmdNext->click();
+    ctlSetupMode& b = *Main().ctlSetupMode1;
+    QStringList offered;
+    for (int i = 0; i < b.cboRefStPres->count(); ++i) offered << b.cboRefStPres->itemText(i);
+    EXPECT_EQ(offered, QStringList({"bar", "mbar", "Pa", "kPa", "atm", "MPa", "hPa"}));
+    EXPECT_EQ(b.cboRefStPres->currentText(), "kPa");
+    EXPECT_EQ(b.cboRefTemp->currentText(), "degC");
+    b.cmdNext->click();
+    Main().ctlSaveAndDownload1->cmdSave->click();
+    Settle();
+    EXPECT_TRUE(Texts().empty());
+    std::map<std::string, double> written;
+    for (const frame::FrameWrite& w : host.Device(0).writes)
+        written[w.parameter] = w.value.toDouble();
+    EXPECT_EQ(written.at("static_pressure_units"), 12.0);
+    EXPECT_EQ(written.at("et_units"), 32.0);
+}
+
+// Catches a script that presses what no user could: after the refusal on the Basic page, a
+// step on the Apply page (not in view) must stop the run with its number, and nothing may be
+// written to the device.
+TEST_F(HostedModule, ScriptStopsAtAButtonOnAPageNotInView) {
+    AddDevice("qdf300_hart.json");
+    std::ostringstream out;
+    frame::FrameScript script(out);
+    std::string error;
+    ASSERT_TRUE(script.Parse(R"({"steps": [
+        {"page": "ctlModeSelection1", "click": "optBasicMode"},
+        {"page": "ctlModeSelection1", "click": "cmdNext"},
+        {"page": "ctlSetupMode1", "set": "txtKFactor", "text": ""},
+        {"page": "ctlSetupMode1", "click": "cmdNext"},
+        {"page": "ctlSaveAndDownload1", "click": "cmdSave"},
+        {"click": "cmdSave"}]})",
+                             &error))
+        << error;
+    script.Attach(host);
+    Open();
+    EXPECT_FALSE(script.Play(host, &error));
+    EXPECT_EQ(error, "step 5: page ctlSaveAndDownload1 is not in view (ctlSetupMode1 is)");
+    script.Finish(host, 0);
+    EXPECT_EQ(out.str(),
+              "message,\"QDF300 Flow Configuration Wizard\",\"Please fill out K factor \",2,2,4,"
+              "4\nmodule,open,ctlSetupMode1\n");
+    EXPECT_TRUE(host.Device(0).writes.empty());
 }

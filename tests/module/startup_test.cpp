@@ -1,4 +1,7 @@
 #include <QAction>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLabel>
 #include <QScrollBar>
 
@@ -193,4 +196,146 @@ TEST_F(HostedModule, HostedAreaScrollsOverTheWizard) {
     EXPECT_TRUE(bars.horizontal->isHidden());
     EXPECT_TRUE(bars.vertical->isHidden());
     EXPECT_EQ(Main().pos(), QPoint(0, 0));
+}
+
+namespace {
+
+// The demo HART device with one parameter's enumeration replaced (an empty list: none at all).
+frame::FrameDevice HartWithEnumeration(const char* parameter, const QJsonArray& enumeration) {
+    QFile f(QDF_SOURCE_DIR "/data/devices/qdf300_hart.json");
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly));
+    QJsonObject json = QJsonDocument::fromJson(f.readAll()).object();
+    QJsonArray params = json["parameters"].toArray();
+    for (qsizetype i = 0; i < params.size(); ++i) {
+        QJsonObject p = params[i].toObject();
+        if (p["name"].toString() != parameter) continue;
+        if (enumeration.isEmpty())
+            p.remove("enumeration");
+        else
+            p["enumeration"] = enumeration;
+        params[i] = p;
+    }
+    json["parameters"] = params;
+    QString error;
+    auto device = frame::FrameDevice::FromJson(json, &error);
+    EXPECT_TRUE(device) << error.toStdString();
+    return std::move(*device);
+}
+
+std::string LogText(const QTemporaryDir& dir) {
+    QFile f(dir.filePath("QDFSondra.log"));
+    if (!f.open(QIODevice::ReadOnly)) return {};
+    return f.readAll().toStdString();
+}
+
+constexpr int kStaticPressureUnitsEntry = 15;  // id 50 in registration order
+
+}  // namespace
+
+// Catches a HART device with a missing or malformed unit list that leaves every user
+// read-only without a word (the load stopped before the role), a user name, tag or date never
+// set, a message shown more than once or not naming the parameter, and a lookup failure that
+// is neither recorded nor logged.
+TEST_F(HostedModule, BrokenUnitListFinishesTheLoadWithEmptyListsAndSaysSo) {
+    const std::string pressText =
+        "The device's unit list static_pressure_units is missing or unreadable. No unit can be "
+        "selected from it.";
+    struct Case {
+        const char* parameter;
+        QJsonArray enumeration;
+        std::string message;
+        std::string failure;  // of the lookup of static_pressure_units
+    };
+    const std::vector<Case> cases = {
+        {"static_pressure_units",
+         {},
+         pressText,
+         "reading attribute 9 of static_pressure_units: the frame has no such attribute"},
+        {"static_pressure_units", {"12:kPa", "kPa"}, pressText, ""},
+        {"static_pressure_units", {"99999:huge"}, pressText, ""},
+        {"et_units",
+         {"degC"},
+         "The device's unit list et_units is missing or unreadable. No unit can be selected "
+         "from it.",
+         ""},
+    };
+    setenv("QDF_LOG_DIR", dir.path().toLocal8Bit().constData(), 1);
+    for (const Case& c : cases) {
+        const std::string where =
+            std::string(c.parameter) + " " + QJsonDocument(c.enumeration).toJson().toStdString();
+        QFile::remove(dir.filePath("QDFSondra.log"));
+        messages.shown.clear();
+        const int index = host.DeviceCount();
+        host.AddDevice(HartWithEnumeration(c.parameter, c.enumeration));
+        host.user = {2, "Akiko"};
+        Open(index);
+        ASSERT_EQ(module->CompletionCount(), 1) << where;
+        EXPECT_TRUE(module->LoadScreen()->isHidden()) << where;
+        EXPECT_EQ(Texts(), std::vector<std::string>{c.message}) << where;
+        EXPECT_EQ(messages.shown[0].title, "QDF300 Warning") << where;
+        EXPECT_EQ(messages.shown[0].kind, 1) << where;
+        EXPECT_EQ(Store().readonly(), kFalse) << where;
+        EXPECT_EQ(Store().Mgt_UserRole, "Maintenance") << where;
+        EXPECT_EQ(Store().Mgt_UserName, "Akiko") << where;
+        EXPECT_EQ(Store().Xmtr_Tag, "FT-101") << where;
+        EXPECT_FALSE(Store().Mgt_ConfDate.empty()) << where;
+        const bool press = std::string(c.parameter) == "static_pressure_units";
+        EXPECT_EQ(Store().Getpress_units().size(), press ? 0u : 19u) << where;
+        EXPECT_EQ(Store().Gettemp_units().size(), press ? 3u : 0u) << where;
+        EXPECT_EQ(Main().ctlSetupMode1->cboRefStPres->count(), press ? 0 : 19) << where;
+
+        const ObservedVariable& e = module->Entry(kStaticPressureUnitsEntry);
+        EXPECT_EQ(e.name, "static_pressure_units");
+        EXPECT_NE(e.variable, nullptr) << where;
+        EXPECT_EQ(e.failure, c.failure) << where;
+        const std::string log = LogText(dir);
+        EXPECT_NE(log.find(c.message), std::string::npos) << where << log;
+        if (!c.failure.empty()) {
+            EXPECT_NE(log.find(c.failure), std::string::npos) << log;
+        }
+        host.CloseModuleNow();
+    }
+    unsetenv("QDF_LOG_DIR");
+}
+
+// Catches a value whose observation the frame refused: the load must neither wait for it
+// for good nor swallow the refusal, and the value reads as empty.
+TEST_F(HostedModule, RefusedObservationIsRecordedLoggedAndNotWaitedFor) {
+    AddDevice("qdf300_hart.json");
+    host.options.failObservingOf = "ref_temp";
+    setenv("QDF_LOG_DIR", dir.path().toLocal8Bit().constData(), 1);
+    Open();
+    unsetenv("QDF_LOG_DIR");
+    ASSERT_EQ(module->CompletionCount(), 1);
+    const ObservedVariable& e = module->Entry(5);  // id 39
+    EXPECT_EQ(e.id, 39);
+    EXPECT_NE(e.variable, nullptr);
+    EXPECT_EQ(e.failure, "observing ref_temp: the frame cannot observe ref_temp");
+    EXPECT_TRUE(e.value.isEmpty());
+    EXPECT_EQ(Store().Xmtr_SimpleRefTemp, 0.0);
+    EXPECT_NE(LogText(dir).find("\"observing ref_temp: the frame cannot observe ref_temp\""),
+              std::string::npos)
+        << LogText(dir);
+    EXPECT_EQ(host.Manager()->AdvisedCount(), 2);
+}
+
+// Catches a module that, shut down while loading, still takes late values and completes the
+// load on a store that no longer exists, or leaves the loading registrations with the frame.
+TEST_F(HostedModule, LateValuesAfterQueryDisconnectAreIgnored) {
+    AddDevice("qdf300_hart.json");
+    host.options.firstValueAtOnce = false;
+    Open();
+    ASSERT_TRUE(module->AllRequested());
+    EXPECT_EQ(module->ISDKModule_QueryDisconnect(), 4);
+    EXPECT_EQ(host.Manager()->AdvisedCount(), 0);
+    EXPECT_FALSE(module->AllRequested());
+    host.Manager()->DeliverPending();
+    // A frame that delivers all the same, to every entry the load was waiting for.
+    for (int i = 0; i < TVRQDFFlowConfigWizard::kEntryCount; ++i)
+        if (module->Entry(i).variable)
+            module->ISDKObserverCallback_Update(module->Entry(i).id, Value(std::int32_t{2}));
+    EXPECT_EQ(module->CompletionCount(), 0);
+    EXPECT_EQ(module->Store(), nullptr);
+    EXPECT_TRUE(Main().isHidden());
+    EXPECT_TRUE(module->LoadScreen()->isHidden());
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -94,6 +95,47 @@ TEST(ParseNumber, ReadsBackWhatTheFormatsWrite) {
         ASSERT_TRUE(plain.has_value());
         EXPECT_NEAR(*plain, v, std::fabs(v) * 1e-14);
     }
+}
+
+}  // namespace
+
+namespace {
+
+TEST(ParseNumber, UserSeparators) {
+    // Catches a decimal comma read as grouping (1,5 -> 15 on a German desktop), a grouping
+    // point taken as the decimal one, a multi-byte separator (French narrow no-break space)
+    // cut in half, and separators leaking into the files' form.
+    const qdf::NumberSeparators comma{",", "."};
+    const qdf::NumberSeparators french{",", "\u202f"};
+    const qdf::NumberSeparators none{".", ""};
+    struct Case {
+        const qdf::NumberSeparators* seps;
+        const char* text;
+        std::optional<double> value;
+    };
+    const Case cases[] = {
+        {&comma, "1,5", 1.5},       {&comma, "1.000,5", 1000.5},
+        {&comma, "-2,5E-1", -0.25}, {&comma, "1.5", 15.0},
+        {&comma, ",5", 0.5},        {&comma, "5,", 5.0},
+        {&comma, "1,5,5", {}},      {&comma, "1,2.3", {}},
+        {&comma, "1..0", {}},       {&french, "1\u202f000,25", 1000.25},
+        {&french, "2,25", 2.25},    {&french, "1\u202f", {}},
+        {&french, "1.5", {}},       {&none, "1,5", {}},
+        {&none, "1500.5", 1500.5},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(qdf::ParseNumber(c.text, *c.seps), c.value) << c.text;
+        EXPECT_EQ(qdf::IsNumeric(c.text, *c.seps), c.value.has_value()) << c.text;
+    }
+    // The files' form does not move.
+    EXPECT_EQ(qdf::ParseNumber("1,5"), 15.0);
+    EXPECT_EQ(qdf::ParseNumber("1,5", qdf::NumberSeparators{}), 15.0);
+
+    EXPECT_EQ(qdf::NumToText(-1234.5, comma), "-1234,5");
+    EXPECT_EQ(qdf::NumToText(1e-5, comma), "1E-05");
+    EXPECT_EQ(qdf::NumToText(2.5e-7, comma), "2,5E-07");
+    EXPECT_EQ(qdf::NumToTextSingle(0.1f, comma), "0,1");
+    EXPECT_EQ(qdf::NumToText(-1234.5), "-1234.5");
 }
 
 }  // namespace

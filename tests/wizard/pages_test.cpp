@@ -1,6 +1,9 @@
 #include <QAbstractButton>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QGuiApplication>
+#include <QLocale>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -128,6 +131,55 @@ TEST_F(WizardFixture, BasicPageNumberBoxesDropMinusAndLetters) {
     EXPECT_TRUE(wizard::NumberKeyFilter::Accepts(QChar('-'), true));
 }
 
+// Catches the number test and display ignoring the user's locale: on a desktop with a decimal
+// comma, "1,5" typed for the reference static pressure is one and a half, not 15, and the
+// stored values show with a comma.
+TEST_F(WizardFixture, BasicPageReadsAndShowsNumbersInTheUsersLocale) {
+    struct Case {
+        QLocale locale;
+        const char* typed;
+        double stored;  // -1: refused as no number
+        const char* shown;
+    };
+    const QLocale german(QLocale::German, QLocale::Germany);
+    const QLocale french(QLocale::French, QLocale::France);
+    const Case cases[] = {
+        {QLocale::c(), "1,5", 15.0, "0.5"},    {QLocale::c(), "1.5", 1.5, "0.5"},
+        {QLocale::c(), "1,5,5", 155.0, "0.5"}, {german, "1,5", 1.5, "0,5"},
+        {german, "1.000,5", 1000.5, "0,5"},    {german, "1.5", 15.0, "0,5"},
+        {german, "1,5,5", -1.0, "0,5"},        {german, "2,5E3", 2500.0, "0,5"},
+        {french, "2,25", 2.25, "0,5"},
+    };
+    for (const Case& c : cases) {
+        const std::string where = c.locale.name().toStdString() + " " + c.typed;
+        QLocale::setDefault(c.locale);
+        host.messages.clear();
+        Open();
+        s.Xmtr_SimpleFluidTypeCode = 2;
+        s.Xmtr_SimpleRefTemp = 0.5;
+        s.Xmtr_SimpleTempUnit = 32;
+        s.Xmtr_SimpleRefStaticPress = 7;
+        s.Xmtr_SimpleStaticPressUnit = 12;
+        s.Xmtr_SimpleFlowCalcFixedVar = 1;
+        main->SwitchToSetupMode();
+        EXPECT_EQ(Basic().txtRefTemp->text().toStdString(), c.shown) << where;
+        Basic().txtRefStPress->setText(QString::fromLatin1(c.typed));
+        Basic().cmdNext->click();
+        if (c.stored < 0) {
+            EXPECT_EQ(host.Texts(),
+                      std::vector<std::string>{"Please enter a correct number for reference static "
+                                               "pressure!"})
+                << where;
+            EXPECT_EQ(s.Xmtr_SimpleRefStaticPress, 7.0) << where;
+        } else {
+            EXPECT_TRUE(host.Texts().empty()) << where;
+            EXPECT_EQ(s.Xmtr_SimpleRefStaticPress, c.stored) << where;
+            EXPECT_EQ(s.Xmtr_SimpleRefTemp, 0.5) << where;
+        }
+    }
+    QLocale::setDefault(QLocale::c());
+}
+
 // Catches pasted or dropped text that bypasses the key filter: a paste arrives in one piece
 // and never passes the key event filter.
 TEST_F(WizardFixture, NumberBoxesFilterPastedText) {
@@ -155,6 +207,23 @@ TEST_F(WizardFixture, NumberBoxesFilterPastedText) {
     QGuiApplication::clipboard()->setText(QStringLiteral("-1.5 kPa"));
     withMinus->paste();
     EXPECT_EQ(withMinus->text(), "-1.5");
+}
+
+// Catches dropped text that bypasses the filters: a drop inserts in one piece, like a paste.
+TEST_F(WizardFixture, NumberBoxesFilterDroppedText) {
+    Open();
+    main->show();
+    main->SwitchToSetupMode();
+    QLineEdit* box = Basic().txtKFactor;
+    box->setText("12");
+    QMimeData mime;
+    mime.setText(QStringLiteral("-4 x5"));
+    const QPoint end(box->width() - 2, box->height() / 2);
+    QDragEnterEvent enter(end, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(box, &enter);
+    QDropEvent drop(QPointF(end), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(box, &drop);
+    EXPECT_EQ(box->text(), "1245");
 }
 
 // Catches unit lists selected by list position: on a HART device the device's own
