@@ -27,6 +27,7 @@ class Isotherm {
     }
 
     Point At(double delta) const {
+        ++evaluations_;
         // d <= 7 and c <= 6 for every term of these equations.
         double pw[8];
         pw[0] = 1.0;
@@ -47,11 +48,13 @@ class Isotherm {
     }
 
     double ReducedPressureScale() const { return rt_; }
+    int Evaluations() const { return evaluations_; }
 
   private:
     const Fluid& f_;
     double rt_;
     double coef_[kMaxTerms];
+    mutable int evaluations_ = 0;
 };
 
 constexpr double kRelTol = 1e-15;
@@ -175,18 +178,18 @@ double Pressure(const Fluid& f, double T_K, double rho_mol_l) {
 
 State Solve(const Fluid& f, double T, double p) {
     if (!(T > 0.0) || !(p > 0.0) || !std::isfinite(T) || !std::isfinite(p)) {
-        return {Phase::Invalid, 0.0};
+        return {Phase::Invalid, 0.0, 0};
     }
     const Isotherm iso(f, T);
     const double tc = f.tc_K;
     const double gas = GasRoot(iso, T, tc, p);
-    if (gas == -2.0) return {Phase::BeyondRange, 0.0};
+    if (gas == -2.0) return {Phase::BeyondRange, 0.0, iso.Evaluations()};
     const bool nearOrBelowTc = T < 1.01 * tc;
     const double dense = nearOrBelowTc ? DenseRoot(iso, p) : -1.0;
     const Phase onePhase = T < tc ? Phase::Gas : Phase::Supercritical;
 
     if (gas > 0.0 && (dense <= 0.0 || std::fabs(dense - gas) <= 1e-9 * dense)) {
-        return {onePhase, gas * f.rhoc_mol_l};
+        return {onePhase, gas * f.rhoc_mol_l, iso.Evaluations()};
     }
     if (gas > 0.0) {
         // Gibbs energy difference of the two roots at equal T and p; the ideal-gas terms that
@@ -194,14 +197,15 @@ State Solve(const Fluid& f, double T, double p) {
         const Isotherm::Point g = iso.At(gas);
         const Isotherm::Point d = iso.At(dense);
         const double dg = std::log(dense / gas) + d.A - g.A + d.Ad - g.Ad;
-        if (dg >= 0.0) return {onePhase, gas * f.rhoc_mol_l};
-        if (T < tc) return {Phase::MetastableGas, gas * f.rhoc_mol_l};
-        return {Phase::Supercritical, dense * f.rhoc_mol_l};
+        if (dg >= 0.0) return {onePhase, gas * f.rhoc_mol_l, iso.Evaluations()};
+        if (T < tc) return {Phase::MetastableGas, gas * f.rhoc_mol_l, iso.Evaluations()};
+        return {Phase::Supercritical, dense * f.rhoc_mol_l, iso.Evaluations()};
     }
     if (dense > 0.0) {
-        return {T < tc ? Phase::Liquid : Phase::Supercritical, dense * f.rhoc_mol_l};
+        return {T < tc ? Phase::Liquid : Phase::Supercritical, dense * f.rhoc_mol_l,
+                iso.Evaluations()};
     }
-    return {Phase::BeyondRange, 0.0};
+    return {Phase::BeyondRange, 0.0, iso.Evaluations()};
 }
 
 }  // namespace sndl::gerg

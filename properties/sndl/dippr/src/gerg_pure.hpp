@@ -42,6 +42,7 @@ enum class Phase {
 struct State {
     Phase phase;
     double rho_mol_l;  // the gas root, or the dense root where there is no gas root
+    int evaluations;   // pressure evaluations spent, for the benchmarks
 };
 
 // Density at (T, p): the gas root searched for from the low-density side so that no step
