@@ -119,7 +119,9 @@ double EvaluationsPerCall(int32_t id, const std::vector<Point>& pts) {
     if (c.gerg < 0) return 0.0;
     long n = 0;
     for (const Point& p : pts)
-        n += sndl::gerg::Solve(sndl::gerg::kFluids[c.gerg], p.T, p.P / 1000.0).evaluations;
+        n += sndl::gerg::Solve(sndl::gerg::kFluids[c.gerg], p.T, p.P / 1000.0,
+                               sndl::dippr::GergHint(c, p.T, p.P / 1000.0))
+                 .evaluations;
     return double(n) / double(pts.size());
 }
 
