@@ -1,8 +1,11 @@
 // Pure component operations of sndl_dippr.h: the catalogue list, the correlations with their
 // ranges and the vapour density.
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "cubic.hpp"
 #include "gerg_pure.hpp"
@@ -62,11 +65,25 @@ int32_t Range(int32_t id, double* tLow, double* tHigh, const Correlation Compone
 
 }  // namespace
 
-int FindById(int32_t id) {
-    for (int i = 0; i < kComponentCount; ++i) {
-        if (kComponents[i].id == id) return i;
+namespace {
+
+// Catalogue positions in order of id, built on first use: every call looks an id up, and the
+// component tables look up all of them.
+struct IdIndex {
+    std::array<std::pair<int32_t, int>, kComponentCount> byId;
+    IdIndex() {
+        for (int i = 0; i < kComponentCount; ++i) byId[i] = {kComponents[i].id, i};
+        std::sort(byId.begin(), byId.end());
     }
-    return -1;
+};
+
+}  // namespace
+
+int FindById(int32_t id) {
+    static const IdIndex index;
+    const auto& v = index.byId;
+    const auto it = std::lower_bound(v.begin(), v.end(), std::make_pair(id, 0));
+    return it != v.end() && it->first == id ? it->second : -1;
 }
 
 int FindByName(std::string_view name) {
