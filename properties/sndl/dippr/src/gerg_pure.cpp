@@ -1,11 +1,61 @@
 #include "gerg_pure.hpp"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace sndl::gerg {
 
 namespace {
+
+// What the evaluations of a fluid's terms need beyond the published numbers, worked out once
+// for all fluids: tau^t as a whole power of tau times a power of its eighth root (every t of
+// these equations is a multiple of 1/8 up to 30), the exponents as doubles, the largest c,
+// and which terms give the two low-density virial coefficients.
+struct Prepared {
+    int whole[kMaxTerms];   // floor(t); -1 where t is not a multiple of 1/8 up to 30
+    int eighth[kMaxTerms];  // 8 (t - floor(t))
+    double d[kMaxTerms], c[kMaxTerms];
+    double bSign[kMaxTerms];   // 1 for terms linear in delta
+    double c2Sign[kMaxTerms];  // 1 for quadratic terms, -1 for linear ones with exp(-delta)
+    int maxWhole, maxC;
+};
+
+constexpr int kMaxWholePower = 30;
+
+Prepared Prepare(const Fluid& f) {
+    Prepared pr{};
+    for (int k = 0; k < f.termCount; ++k) {
+        const Term& term = f.terms[k];
+        const double e = term.t * 8.0;
+        const int whole8 = static_cast<int>(e);
+        const bool exact = whole8 == e && whole8 >= 0 && whole8 <= 8 * kMaxWholePower;
+        pr.whole[k] = exact ? whole8 >> 3 : -1;
+        pr.eighth[k] = exact ? whole8 & 7 : 0;
+        pr.maxWhole = std::max(pr.maxWhole, pr.whole[k]);
+        pr.d[k] = term.d;
+        pr.c[k] = term.c;
+        pr.maxC = std::max(pr.maxC, term.c);
+        // alpha_r = b delta + c2 delta^2 + ... near zero density: exp(-delta) of a term
+        // linear in delta gives it a quadratic part.
+        pr.bSign[k] = term.d == 1 ? 1.0 : 0.0;
+        pr.c2Sign[k] = term.d == 2 ? 1.0 : term.d == 1 && term.c == 1 ? -1.0 : 0.0;
+    }
+    return pr;
+}
+
+const Prepared& PreparedFor(const Fluid& f, Prepared& local) {
+    static const auto all = [] {
+        std::array<Prepared, kFluidCount> a{};
+        for (int i = 0; i < kFluidCount; ++i) a[i] = Prepare(kFluids[i]);
+        return a;
+    }();
+    for (int i = 0; i < kFluidCount; ++i) {
+        if (&f == &kFluids[i]) return all[i];
+    }
+    local = Prepare(f);
+    return local;
+}
 
 // The isotherm P(delta) at fixed T. The tau powers do not change along it, so each term's
 // n * tau^t is computed once per call.
@@ -18,31 +68,21 @@ class Isotherm {
         double Ad;  // delta * d(alpha_r)/d(delta)
     };
 
-    Isotherm(const Fluid& f, double T) : f_(f), rt_(f.rhoc_mol_l * kR * T) {
-        // Every exponent t of these equations is a multiple of 1/8 up to 30: tau^t is a whole
-        // power of tau times a power of its eighth root, with no pow per term.
+    Isotherm(const Fluid& f, double T)
+        : f_(f), pr_(PreparedFor(f, local_)), rt_(f.rhoc_mol_l * kR * T) {
         const double tau = f.tc_K / T;
         double whole[kMaxWholePower + 1];
         whole[0] = 1.0;
-        whole[1] = tau;
-        for (int k = 2; k <= kMaxWholePower; ++k) whole[k] = whole[k / 2] * whole[k - k / 2];
+        for (int k = 1; k <= pr_.maxWhole; ++k) whole[k] = whole[k - 1] * tau;
         const double r2 = std::sqrt(tau), r4 = std::sqrt(r2), r8 = std::sqrt(r4);
         const double eighth[8] = {1.0, r8, r4, r4 * r8, r2, r2 * r8, r2 * r4, r2 * r4 * r8};
         for (int k = 0; k < f.termCount; ++k) {
             const Term& term = f.terms[k];
-            const double e = term.t * 8.0;
-            const int whole8 = static_cast<int>(e);
-            if (whole8 == e && whole8 <= 8 * kMaxWholePower) {
-                coef_[k] = term.n * whole[whole8 >> 3] * eighth[whole8 & 7];
-            } else {
-                coef_[k] = term.n * std::pow(tau, term.t);
-            }
-            maxC_ = std::max(maxC_, term.c);
-            // The low-density expansion alpha_r = b delta + c2 delta^2 + ...: exp(-delta) of a
-            // term linear in delta gives it a quadratic part.
-            if (term.d == 1) b_ += coef_[k];
-            if (term.d == 2) c2_ += coef_[k];
-            if (term.d == 1 && term.c == 1) c2_ -= coef_[k];
+            const int w = pr_.whole[k];
+            coef_[k] =
+                w >= 0 ? term.n * whole[w] * eighth[pr_.eighth[k]] : term.n * std::pow(tau, term.t);
+            b_ += pr_.bSign[k] * coef_[k];
+            c2_ += pr_.c2Sign[k] * coef_[k];
         }
     }
 
@@ -53,16 +93,17 @@ class Isotherm {
         pw[0] = 1.0;
         for (int i = 1; i < 8; ++i) pw[i] = pw[i - 1] * delta;
         double expc[8] = {1.0, 0, 0, 0, 0, 0, 0, 0};
-        for (int c = 1; c <= maxC_; ++c) expc[c] = std::exp(-pw[c]);
+        for (int c = 1; c <= pr_.maxC; ++c) expc[c] = std::exp(-pw[c]);
         double A = 0.0, Ad = 0.0, Add = 0.0;
         for (int k = 0; k < f_.termCount; ++k) {
             const Term& term = f_.terms[k];
+            const double c = pr_.c[k];
             const double v = coef_[k] * pw[term.d] * expc[term.c];
-            const double u = term.c * pw[term.c];
-            const double dmu = term.d - u;
+            const double u = c * pw[term.c];
+            const double dmu = pr_.d[k] - u;
             A += v;
             Ad += v * dmu;
-            Add += v * (dmu * (dmu - 1.0) - term.c * u);
+            Add += v * (dmu * (dmu - 1.0) - c * u);
         }
         return {rt_ * delta * (1.0 + Ad), rt_ * (1.0 + 2.0 * Ad + Add), A, Ad};
     }
@@ -92,16 +133,17 @@ class Isotherm {
     }
 
   private:
-    static constexpr int kMaxWholePower = 30;
     const Fluid& f_;
+    Prepared local_;  // for a fluid outside the table only
+    const Prepared& pr_;
     double rt_;
     double coef_[kMaxTerms];
-    int maxC_ = 0;
     double b_ = 0.0, c2_ = 0.0;
     mutable int evaluations_ = 0;
 };
 
 constexpr double kRelTol = 1e-15;
+constexpr double kLastStep = 1e-9;
 constexpr int kMaxIter = 400;
 
 // A root and the isotherm at it (the last evaluation, within a rounding of the root).
@@ -148,6 +190,11 @@ Root GasRoot(const Isotherm& iso, double T, double tc, double p) {
             }
             if (std::fabs(e.P - p) <= kRelTol * p) return {delta, e};
             next = delta - (e.P - p) / e.dP;
+            // Newton converges quadratically here: after a step this short the next one
+            // would be below the rounding of delta.
+            if (std::fabs(next - delta) <= kLastStep * delta && next > lo && next < hi) {
+                return {next, e};
+            }
             if (!bracketed) {
                 // Still below the root: grow by at most 1.25 as long as nothing bounds it.
                 next = std::min(next, 1.25 * delta);
@@ -207,6 +254,7 @@ Root DenseRoot(const Isotherm& iso, double p, double liquidDelta) {
             hi = delta;
             if (std::fabs(e.P - p) <= kRelTol * p) return {delta, e};
             next = std::max(delta - (e.P - p) / e.dP, delta / 1.25);
+            if (next > lo && std::fabs(next - delta) <= kLastStep * delta) return {next, e};
             if (next <= lo) {
                 next = 0.5 * (lo + hi);
             } else if (std::fabs(next - delta) <= 4.0 * kRelTol * delta) {
