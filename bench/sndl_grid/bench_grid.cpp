@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "gerg_pure.hpp"
@@ -226,39 +227,51 @@ void BM_IapwsTs(benchmark::State& state) {
 
 constexpr const char* kReference = "AgaDtlVdnMw/new_gas";
 
+// Names in registration order, for the summary table.
+std::vector<std::string>& Names() {
+    static std::vector<std::string> names;
+    return names;
+}
+
+template <class... Args>
+void Add(const char* name, Args&&... args) {
+    Names().push_back(name);
+    benchmark::RegisterBenchmark(name, std::forward<Args>(args)...);
+}
+
 void Register() {
-    benchmark::RegisterBenchmark(kReference, BM_AgaDtlNewGas);
-    benchmark::RegisterBenchmark("AgaDtlVdnMw/same_gas", BM_DetailSameGas<AgaDtlVdnMw>);
-    benchmark::RegisterBenchmark("IsoMcaVdnMw/same_gas", BM_DetailSameGas<IsoMcaVdnMw>);
-    benchmark::RegisterBenchmark("AgaGr1VdnMw", BM_AgaGr1);
-    benchmark::RegisterBenchmark("AgaGr2VdnMw", BM_AgaGr2);
-    benchmark::RegisterBenchmark("IsoPpmVdnMw", BM_IsoPpm);
+    Add(kReference, BM_AgaDtlNewGas);
+    Add("AgaDtlVdnMw/same_gas", BM_DetailSameGas<AgaDtlVdnMw>);
+    Add("IsoMcaVdnMw/same_gas", BM_DetailSameGas<IsoMcaVdnMw>);
+    Add("AgaGr1VdnMw", BM_AgaGr1);
+    Add("AgaGr2VdnMw", BM_AgaGr2);
+    Add("IsoPpmVdnMw", BM_IsoPpm);
     // Reference equations: methane well above Tc; ethane (Tc 305.3 K) and carbon dioxide
     // (Tc 304.1 K) below and above their critical temperatures.
-    benchmark::RegisterBenchmark("DprVdn/methane_288K_5MPa", BM_VdnPoint, 1, 288.15, 5e6);
-    benchmark::RegisterBenchmark("DprVdn/methane_170K_1MPa", BM_VdnPoint, 1, 170.0, 1e6);
-    benchmark::RegisterBenchmark("DprVdn/ethane_280K_2MPa", BM_VdnPoint, 2, 280.0, 2e6);
-    benchmark::RegisterBenchmark("DprVdn/ethane_330K_5MPa", BM_VdnPoint, 2, 330.0, 5e6);
-    benchmark::RegisterBenchmark("DprVdn/co2_280K_3MPa", BM_VdnPoint, 909, 280.0, 3e6);
-    benchmark::RegisterBenchmark("DprVdn/co2_320K_8MPa", BM_VdnPoint, 909, 320.0, 8e6);
-    benchmark::RegisterBenchmark("DprVdn/methane_grid63", BM_VdnGrid, 1, 250.0, 350.0, 0.1e6, 10e6);
-    benchmark::RegisterBenchmark("DprVdn/ethane_grid63", BM_VdnGrid, 2, 280.0, 380.0, 0.1e6, 4e6);
-    benchmark::RegisterBenchmark("DprVdn/co2_grid63", BM_VdnGrid, 909, 260.0, 360.0, 0.1e6, 3e6);
-    benchmark::RegisterBenchmark("DprVdn/cubic_ethylene", BM_VdnPoint, 201, 300.0, 2e6);
-    benchmark::RegisterBenchmark("DprIcp", BM_Correlation<DprIcp>);
-    benchmark::RegisterBenchmark("DprVvs", BM_Correlation<DprVvs>);
-    benchmark::RegisterBenchmark("DprLdn", BM_Correlation<DprLdn>);
-    benchmark::RegisterBenchmark("DprLvs", BM_Correlation<DprLvs>);
-    benchmark::RegisterBenchmark("DprMw", BM_DprMw);
-    benchmark::RegisterBenchmark("DprMixVdn/21", BM_MixVdn);
-    benchmark::RegisterBenchmark("DprMixIcp/21", BM_Mix<DprMixIcp>);
-    benchmark::RegisterBenchmark("DprMixVvs/21", BM_Mix<DprMixVvs>);
-    benchmark::RegisterBenchmark("IapwsVdnw", BM_Water<IapwsVdnw, kRegion2>);
-    benchmark::RegisterBenchmark("IapwsLdnw", BM_Water<IapwsLdnw, kRegion1>);
-    benchmark::RegisterBenchmark("IapwsVvs", BM_Water<IapwsVvs, kRegion2>);
-    benchmark::RegisterBenchmark("IapwsLvs", BM_Water<IapwsLvs, kRegion1>);
-    benchmark::RegisterBenchmark("IapwsVkap", BM_Water<IapwsVkap, kRegion2>);
-    benchmark::RegisterBenchmark("IapwsTs", BM_IapwsTs);
+    Add("DprVdn/methane_288K_5MPa", BM_VdnPoint, 1, 288.15, 5e6);
+    Add("DprVdn/methane_170K_1MPa", BM_VdnPoint, 1, 170.0, 1e6);
+    Add("DprVdn/ethane_280K_2MPa", BM_VdnPoint, 2, 280.0, 2e6);
+    Add("DprVdn/ethane_330K_5MPa", BM_VdnPoint, 2, 330.0, 5e6);
+    Add("DprVdn/co2_280K_3MPa", BM_VdnPoint, 909, 280.0, 3e6);
+    Add("DprVdn/co2_320K_8MPa", BM_VdnPoint, 909, 320.0, 8e6);
+    Add("DprVdn/methane_grid63", BM_VdnGrid, 1, 250.0, 350.0, 0.1e6, 10e6);
+    Add("DprVdn/ethane_grid63", BM_VdnGrid, 2, 280.0, 380.0, 0.1e6, 4e6);
+    Add("DprVdn/co2_grid63", BM_VdnGrid, 909, 260.0, 360.0, 0.1e6, 3e6);
+    Add("DprVdn/cubic_ethylene", BM_VdnPoint, 201, 300.0, 2e6);
+    Add("DprIcp", BM_Correlation<DprIcp>);
+    Add("DprVvs", BM_Correlation<DprVvs>);
+    Add("DprLdn", BM_Correlation<DprLdn>);
+    Add("DprLvs", BM_Correlation<DprLvs>);
+    Add("DprMw", BM_DprMw);
+    Add("DprMixVdn/21", BM_MixVdn);
+    Add("DprMixIcp/21", BM_Mix<DprMixIcp>);
+    Add("DprMixVvs/21", BM_Mix<DprMixVvs>);
+    Add("IapwsVdnw", BM_Water<IapwsVdnw, kRegion2>);
+    Add("IapwsLdnw", BM_Water<IapwsLdnw, kRegion1>);
+    Add("IapwsVvs", BM_Water<IapwsVvs, kRegion2>);
+    Add("IapwsLvs", BM_Water<IapwsLvs, kRegion1>);
+    Add("IapwsVkap", BM_Water<IapwsVkap, kRegion2>);
+    Add("IapwsTs", BM_IapwsTs);
 }
 
 // The console output as usual, then the summary table: the median of repetitions where there
@@ -278,11 +291,6 @@ class RatioReporter : public benchmark::ConsoleReporter {
             auto it = r.counters.find("evals");
             row.evals = it == r.counters.end() ? -1.0 : double(it->second);
             if (median) medians_[name] = true;
-            if (order_.empty() || order_.back() != name) {
-                bool seen = false;
-                for (const auto& o : order_) seen = seen || o == name;
-                if (!seen) order_.push_back(name);
-            }
         }
     }
 
@@ -291,8 +299,10 @@ class RatioReporter : public benchmark::ConsoleReporter {
         const auto ref = rows_.find(kReference);
         const double refNs = ref == rows_.end() ? 0.0 : ref->second.ns;
         std::printf("\n%-28s %12s %10s %8s\n", "operation", "ns/call", "ratio", "evals");
-        for (const auto& name : order_) {
-            const Row& row = rows_[name];
+        for (const auto& name : Names()) {
+            const auto it = rows_.find(name);
+            if (it == rows_.end()) continue;  // filtered out
+            const Row& row = it->second;
             std::printf("%-28s %12.1f %10.3f", name.c_str(), row.ns,
                         refNs > 0 ? row.ns / refNs : 0.0);
             if (row.evals >= 0) std::printf(" %8.2f", row.evals);
@@ -319,7 +329,6 @@ class RatioReporter : public benchmark::ConsoleReporter {
     }
     std::map<std::string, Row> rows_;
     std::map<std::string, bool> medians_;
-    std::vector<std::string> order_;
 };
 
 }  // namespace
