@@ -67,7 +67,6 @@ int32_t CubicVdn(const Component& c, double T_K, double P_Pa, double* vdn);
 // value) for a component without one.
 int32_t GergVdn(const Component& c, double T_K, double P_Pa, double* vdn);
 
-
 }  // namespace sndl::dippr
 
 #endif
