@@ -7,11 +7,13 @@
 // B(T) the double sum over component pairs of the first 18 terms.
 //
 // Speed: a call pays for one composition and one temperature, so everything that depends on
-// neither is built once (tables below). The pair sum of B is split into a separable part,
+// neither is built once (tables below), and a call with the composition (and temperature) of
+// the thread's previous call pays for neither. The pair sum of B is split into a separable part,
 // which is a square of sums over components, and corrections for the few pairs whose
 // binary parameters differ from 1. Terms 13..58 are gathered by their density shape (b, k)
 // before the density solve, which then evaluates some twenty shapes and four exponentials.
 #include <cmath>
+#include <cstring>
 
 #include "aga_internal.h"
 #include "aga_limits.h"
@@ -85,8 +87,29 @@ bool isPlain(const DetailTerm& term) {
     return !term.q && !term.f && !term.s && !term.w;
 }
 
+// x^e for e a multiple of 1/4 (every exponent of the tables is): a whole power times a
+// square root or a fourth root, so that building the tables costs no pow per entry.
+double quarterPower(double x, double e) {
+    const double q4 = 4.0 * e;
+    const int q = static_cast<int>(q4);
+    if (q != q4) return std::pow(x, e);
+    if (x == 1.0) return 1.0;  // most binary parameters
+    const int n = q < 0 ? -q : q;
+    double w = 1.0, base = x;
+    for (int k = n / 4; k > 0; k >>= 1) {
+        if (k & 1) w *= base;
+        base *= base;
+    }
+    if (n % 4 != 0) {
+        const double r2 = std::sqrt(x);
+        const double r4 = std::sqrt(r2);
+        w *= n % 4 == 1 ? r4 : n % 4 == 2 ? r2 : r2 * r4;
+    }
+    return q < 0 ? 1.0 / w : w;
+}
+
 double phiOf(const DetailComponent& c, const DetailTerm& term) {
-    double v = std::pow(c.E, 0.5 * term.u) * std::pow(c.K, 1.5);
+    double v = quarterPower(c.E, 0.5 * term.u) * quarterPower(c.K, 1.5);
     if (term.q) v *= c.Q;
     if (term.f) v *= c.F;
     if (term.s) v *= c.S;
@@ -103,18 +126,24 @@ Tables buildTables() {
         t.plainG[plain] = kDetailTerms[n].g ? t.gCount++ : -1;
         ++plain;
     }
+    // phi of every component and virial term, once: the pair corrections reuse them.
+    double phiAll[kComponents][kVirialTerms];
+    for (int i = 0; i < kComponents; ++i) {
+        for (int n = 0; n < kVirialTerms; ++n) {
+            phiAll[i][n] = phiOf(kDetailComponents[i], kDetailTerms[n]);
+        }
+    }
     for (int i = 0; i < kComponents; ++i) {
         const DetailComponent& c = kDetailComponents[i];
-        t.K25[i] = std::pow(c.K, 2.5);
-        t.E25[i] = std::pow(c.E, 2.5);
+        t.K25[i] = quarterPower(c.K, 2.5);
+        t.E25[i] = quarterPower(c.E, 2.5);
         for (int k = 0; k < kPlain; ++k) {
-            const DetailTerm& term = kDetailTerms[t.plainTerm[k]];
-            const double v = phiOf(c, term);
+            const double v = phiAll[i][t.plainTerm[k]];
             t.phi[i][k / 2][k % 2] = v;
             if (t.plainG[k] >= 0) t.phiG[i][t.plainG[k]] = v * c.G;
         }
         for (int n = 0; n < kVirialTerms; ++n) {
-            const double v = isPlain(kDetailTerms[n]) ? 0.0 : phiOf(c, kDetailTerms[n]);
+            const double v = isPlain(kDetailTerms[n]) ? 0.0 : phiAll[i][n];
             if (v != 0.0) t.special[t.specialCount++] = {i, n, v};
         }
     }
@@ -125,14 +154,14 @@ Tables buildTables() {
         Tables::Pair& pr = t.pairs[p];
         pr.i = b.i;
         pr.j = b.j;
-        pr.dK5 = 2.0 * (std::pow(b.K, 5.0) - 1.0) * std::pow(ci.K * cj.K, 2.5);
-        pr.dU5 = 2.0 * (std::pow(b.U, 5.0) - 1.0) * std::pow(ci.E * cj.E, 2.5);
+        pr.dK5 = 2.0 * (quarterPower(b.K, 5.0) - 1.0) * quarterPower(ci.K * cj.K, 2.5);
+        pr.dU5 = 2.0 * (quarterPower(b.U, 5.0) - 1.0) * quarterPower(ci.E * cj.E, 2.5);
         pr.dG = (b.G - 1.0) * (ci.G + cj.G);
         for (int n = 0; n < kVirialTerms; ++n) {
             const DetailTerm& term = kDetailTerms[n];
-            const double base = phiOf(ci, term) * phiOf(cj, term);
+            const double base = phiAll[b.i][n] * phiAll[b.j][n];
             const double gMean = 0.5 * (ci.G + cj.G);
-            const double actual = std::pow(b.E, term.u) * base * (term.g ? b.G * gMean : 1.0);
+            const double actual = quarterPower(b.E, term.u) * base * (term.g ? b.G * gMean : 1.0);
             const double separable = base * (term.g ? gMean : 1.0);
             const double dB = 2.0 * term.a * (actual - separable);
             if (dB == 0.0) continue;
@@ -440,10 +469,28 @@ int32_t detailVdnMw(double T, double P, const double* y, double* vdn, double* mw
     const int32_t comp = checkFractions(y, fractions);
     if (comp != SNDL_NORMAL) return comp;
 
-    DetailMix mix;
-    detailMix(y, mix);
-    DetailState st;
-    detailState(mix, T, st);
+    // A calculation grid calls with one composition at many points, often several pressures
+    // at one temperature: each thread keeps the composition terms and the temperature terms
+    // of its last call. The key is the exact bits of the fractions.
+    struct Cache {
+        bool mixValid = false, stateValid = false;
+        double y[kComponents];
+        DetailMix mix;
+        DetailState st;
+    };
+    thread_local Cache cache;
+    if (!cache.mixValid || std::memcmp(cache.y, y, sizeof cache.y) != 0) {
+        std::memcpy(cache.y, y, sizeof cache.y);
+        detailMix(y, cache.mix);
+        cache.mixValid = true;
+        cache.stateValid = false;
+    }
+    if (!cache.stateValid || std::memcmp(&cache.st.T, &T, sizeof T) != 0) {
+        detailState(cache.mix, T, cache.st);
+        cache.stateValid = true;
+    }
+    const DetailMix& mix = cache.mix;
+    const DetailState& st = cache.st;
     const double pKpa = P / 1000.0;
     double D = 0.0;
     // Reduced densities beyond about 4 are solid-like for every component; 12 is a safe cap.

@@ -1,8 +1,11 @@
 // Pure component operations of sndl_dippr.h: the catalogue list, the correlations with their
 // ranges and the vapour density.
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "cubic.hpp"
 #include "gerg_pure.hpp"
@@ -62,11 +65,25 @@ int32_t Range(int32_t id, double* tLow, double* tHigh, const Correlation Compone
 
 }  // namespace
 
-int FindById(int32_t id) {
-    for (int i = 0; i < kComponentCount; ++i) {
-        if (kComponents[i].id == id) return i;
+namespace {
+
+// Catalogue positions in order of id, built on first use: every call looks an id up, and the
+// component tables look up all of them.
+struct IdIndex {
+    std::array<std::pair<int32_t, int>, kComponentCount> byId;
+    IdIndex() {
+        for (int i = 0; i < kComponentCount; ++i) byId[i] = {kComponents[i].id, i};
+        std::sort(byId.begin(), byId.end());
     }
-    return -1;
+};
+
+}  // namespace
+
+int FindById(int32_t id) {
+    static const IdIndex index;
+    const auto& v = index.byId;
+    const auto it = std::lower_bound(v.begin(), v.end(), std::make_pair(id, 0));
+    return it != v.end() && it->first == id ? it->second : -1;
 }
 
 int FindByName(std::string_view name) {
@@ -133,10 +150,26 @@ bool BadPoint(double T, double P) {
 
 }  // namespace
 
+// The catalogue's vapour pressure and liquid density as hints to the density solve. Over
+// the range of the reference equations their own saturation pressure is within 11 % of the
+// catalogue's, so the gas is stable below 0.8 of it.
+gerg::Hint GergHint(const Component& c, double T, double p_kPa) {
+    gerg::Hint h;
+    if (c.gerg < 0) return h;
+    const double tc = gerg::kFluids[c.gerg].tc_K;
+    if (T < std::fmax(kGergTmin_K, c.vp.tmin_K) || T > std::fmin(c.vp.tmax_K, tc)) return h;
+    h.gasStableBelow_kPa = 0.8 * Evaluate(c.vp, T, c.tc_K) / 1000.0;
+    if (p_kPa >= h.gasStableBelow_kPa && T >= c.ldn.tmin_K && T <= c.ldn.tmax_K) {
+        h.liquid_mol_l = Evaluate(c.ldn, T, c.tc_K);
+    }
+    return h;
+}
+
 int32_t GergVdn(const Component& c, double T, double P, double* vdn) {
     if (vdn == nullptr || BadPoint(T, P)) return SNDL_ERR_XINVALID;
     if (c.gerg < 0) return SNDL_ERR_CALC;
-    const gerg::State s = gerg::Solve(gerg::kFluids[c.gerg], T, P / 1000.0);
+    const gerg::Fluid& f = gerg::kFluids[c.gerg];
+    const gerg::State s = gerg::Solve(f, T, P / 1000.0, GergHint(c, T, P / 1000.0));
     if (s.phase == gerg::Phase::BeyondRange) return SNDL_ERR_POVER;
     if (s.phase == gerg::Phase::Invalid) return SNDL_ERR_XINVALID;
     *vdn = s.rho_mol_l;

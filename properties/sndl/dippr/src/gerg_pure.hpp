@@ -42,16 +42,33 @@ enum class Phase {
 struct State {
     Phase phase;
     double rho_mol_l;  // the gas root, or the dense root where there is no gas root
+    int evaluations;   // pressure evaluations spent, for the benchmarks
 };
 
-// Density at (T, p): the gas root searched for from the low-density side so that no step
-// crosses an unstable stretch of the isotherm, the dense root from above, and the phase
-// decided by comparing the Gibbs energies of the two roots.
-State Solve(const Fluid& f, double T_K, double p_kPa);
+// What the caller knows of the fluid at T, from outside the equation; zeros for nothing.
+struct Hint {
+    // Below this pressure (kPa) the liquid is not the stable phase: a gas root is returned
+    // without looking for the dense one.
+    double gasStableBelow_kPa = 0.0;
+    // Saturated liquid density (mol/l): where the search for the dense root starts.
+    double liquid_mol_l = 0.0;
+};
+
+// Density at (T, p): the gas root by Newton steps from the virial estimate, kept on the gas
+// branch, the dense root from above, and the phase decided by comparing the Gibbs energies of
+// the two roots.
+State Solve(const Fluid& f, double T_K, double p_kPa, const Hint& hint = {});
 
 // Pressure in kPa at (T, rho), for identities in tests.
 double Pressure(const Fluid& f, double T_K, double rho_mol_l);
 
 }  // namespace sndl::gerg
+
+namespace sndl::dippr {
+struct Component;
+// The hints GergVdn gives the solve for a catalogue component with a reference equation (the
+// liquid density only where the gas is not vouched for).
+gerg::Hint GergHint(const Component& c, double T_K, double p_kPa);
+}  // namespace sndl::dippr
 
 #endif
