@@ -207,12 +207,16 @@ bool FrameScript::Play(FrameHost& host, std::string* error) {
                 auto* grid = Find<QTableWidget>(root, step, name);
                 const int r = step.value("row", 0), c = step.value("column", 0);
                 auto* item = grid->item(r, c);
-                const bool editable = grid->editTriggers() != QAbstractItemView::NoEditTriggers &&
-                                      (!item || ((item->flags() & Qt::ItemIsEditable) &&
-                                                 (item->flags() & Qt::ItemIsEnabled)));
-                if (!editable)
+                // The pages' grids take entries through their own floating edit box, so a cell
+                // a user can click is one a script may enter; whether the entry stands is the
+                // page's rule.
+                const bool reachable = r >= 0 && c >= 0 && r < grid->rowCount() &&
+                                       c < grid->columnCount() && !grid->isRowHidden(r) &&
+                                       !grid->isColumnHidden(c) &&
+                                       (!item || (item->flags() & Qt::ItemIsEnabled));
+                if (!reachable)
                     throw StepError("cell " + std::to_string(r) + "," + std::to_string(c) + " of " +
-                                    name + " is not editable");
+                                    name + " is not one a user can enter");
                 if (!item) grid->setItem(r, c, item = new QTableWidgetItem);
                 item->setText(QString::fromStdString(step.value("text", std::string())));
             }
