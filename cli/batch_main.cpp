@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <filesystem>
 #include <fstream>
@@ -143,6 +144,10 @@ Outcome PlayRow(const qdf::cli::InstrumentRow& row, const std::string& device,
                     text = shown[m].text;
                     break;
                 }
+            // The natural gas detail page refuses in its own message box, not in a dialog.
+            if (auto* box = pageAfter ? pageAfter->findChild<QLineEdit*>("txtMessage") : nullptr;
+                box && !box->text().isEmpty() && text == "the page did not go on")
+                text = box->text().toStdString();
             outcome = {"refused", text, {}};
             break;
         }

@@ -44,6 +44,7 @@ class FrameProcess : public ::testing::Test {
         if (registry) env.insert("QDF_REGISTRY", dir.filePath("registry.ini"));
         // The frame's own settings stay inside the test's folder.
         env.insert("XDG_CONFIG_HOME", dir.path());
+        env.insert("QDF_LOG_DIR", dir.path());
         p.setProcessEnvironment(env);
         p.start(program, args);
         Finished f;
@@ -117,6 +118,55 @@ TEST_F(FrameProcess, WindowPrintsWhatTheHeadlessRunPrints) {
     const QStringList expected = QStringList{refused} << BasicHartWrites() << "module,closed";
     EXPECT_EQ(window.out, expected) << window.out.join("\n").toStdString();
     EXPECT_EQ(headless.out, expected) << headless.out.join("\n").toStdString();
+}
+#endif
+
+#if defined(QDF_TOOL_EXE)
+// Catches a batch row that meets other checks than the pages', a summary that misreports a
+// row, files written for a refused row, and a batch configuration that differs from the same
+// instrument configured by hand: only the session's date and user may differ.
+TEST_F(FrameProcess, BatchConfiguresGoodRowsAsByHandAndNamesTheBadOnes) {
+    const QString out = dir.filePath("out");
+    const QString list = QStringLiteral(QDF_SOURCE_DIR) + "/examples/instruments.csv";
+    const Finished batch = Run(QDF_TOOL_EXE, {"batch", list, "--out", out});
+    EXPECT_EQ(batch.exitCode, 1) << batch.err.toStdString();
+    QFile summary(out + "/summary.csv");
+    ASSERT_TRUE(summary.open(QIODevice::ReadOnly));
+    const QStringList rows = QString::fromUtf8(summary.readAll()).split('\n', Qt::SkipEmptyParts);
+    const QStringList expected{
+        R"(tag,line,status,column,message)",
+        R"("",11,"invalid","","a quoted field is not closed")",
+        R"("FT-101",3,"configured","","")",
+        R"("FT-102",4,"configured","","")",
+        R"("FT-103",5,"configured","","")",
+        R"("FT-104",6,"configured","","")",
+        R"("FT-105",7,"warning","","The recommended primary device diameter  value shouldn't be less than 12.5 mm. Do you still want to use this value?")",
+        R"("FT-106",8,"refused","","Please fill out primary element diameter")",
+        R"("FT-107",9,"error","bore_unit","step 1: no entry cm")",
+        R"("FT-108",10,"refused","","The value of minimum pressure value must be less than the maximum pressure value")"};
+    EXPECT_EQ(rows, expected) << rows.join("\n").toStdString();
+    for (const char* tag : {"FT-101", "FT-102", "FT-103", "FT-104", "FT-105"})
+        for (const char* suffix : {".qmv", "_xmtr.csv", "_report.csv"})
+            EXPECT_TRUE(QFile::exists(out + "/" + tag + suffix)) << tag << suffix;
+    EXPECT_FALSE(QFile::exists(out + "/FT-106.qmv"));
+    EXPECT_TRUE(batch.err.contains("[8/8] FT-108: refused")) << "a progress line per row";
+
+    // FT-101 is the ETHANE orifice of the example script: walk it by hand and save it.
+    QFile in(QStringLiteral(QDF_SOURCE_DIR) + "/examples/scripts/ethane_orifice_hart.json");
+    ASSERT_TRUE(in.open(QIODevice::ReadOnly));
+    QByteArray script = in.readAll();
+    const QString hand = dir.filePath("hand.qmv");
+    const int at = script.indexOf("\"cmdSave\"");
+    ASSERT_GT(at, 0);
+    const int open = script.lastIndexOf('{', at);
+    script.insert(open, R"({"menu": "MenuExportQMV", "path": ")" + hand.toUtf8() + R"("}, )");
+    const Finished walk =
+        Run(QDF_TOOL_EXE, {"wizard", "--device", kHart, "--script", Script(script)});
+    ASSERT_EQ(walk.exitCode, 0) << walk.err.toStdString();
+    const Finished diff = Run(QDF_TOOL_EXE, {"diff", out + "/FT-101.qmv", hand});
+    for (const QString& line : diff.out)
+        EXPECT_TRUE(line.startsWith("Mgt_ConfDate: ") || line.startsWith("Mgt_UserName: "))
+            << line.toStdString();
 }
 #endif
 
