@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <cmath>
 #include <fstream>
@@ -230,6 +231,55 @@ TEST_P(Scenarios, SavedConfigurationWalkedAgainWritesTheSame) {
             << name << ": first " << Text(value) << ", again " << Text(it->second);
     }
     EXPECT_EQ(first.size(), second.size()) << again;
+}
+
+// Catches a file command that fails or writes nothing on a configuration of some fluid kind, and
+// an import that brings back less than the export took: with the debug flag on, the Apply
+// page's exports (QMV, UI, Xmtr, Calc, report) are written, and a fresh module that imports the
+// QMV, UI and Xmtr files on the Mode page and walks to Apply with Next writes the same again.
+TEST_P(Scenarios, FileCommandsOfModeAndApplyPagesRoundTrip) {
+    nlohmann::json script = Script(GetParam());
+    script["debug"] = true;
+    const auto path = [this](const char* name) { return dir.filePath(name).toStdString(); };
+    const std::pair<const char*, const char*> exports[] = {
+        {"MenuExportFlowParamUI", "ui.csv"},     {"MenuExportFlowParamXmtr", "xmtr.csv"},
+        {"MenuExportFlowParamCalc", "calc.csv"}, {"MenuReport", "report.csv"},
+        {"MenuExportQMV", "saved.qmv"},
+    };
+    nlohmann::json saving = script;
+    auto& steps = saving["steps"];
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        if (steps[i].value("click", "") == "cmdSave") {
+            for (const auto& [menu, file] : exports)
+                steps.insert(steps.begin() + static_cast<std::ptrdiff_t>(i++),
+                             nlohmann::json::object({{"menu", menu}, {"path", path(file)}}));
+            break;
+        }
+    std::string rows, again;
+    const Writes first = Play(saving, &rows);
+    ASSERT_FALSE(first.empty()) << rows;
+    EXPECT_EQ(rows.find("QDF300 Error"), std::string::npos) << rows;
+    for (const auto& [menu, file] : exports)
+        EXPECT_GT(QFileInfo(QString::fromStdString(path(file))).size(), 100) << menu;
+
+    nlohmann::json walk = WalkingTheSavedFile(script, path("saved.qmv"));
+    auto& walkSteps = walk["steps"];
+    walkSteps.insert(walkSteps.begin() + 1, {{{"page", "ctlModeSelection1"},
+                                              {"menu", "MenuImportFlowParamUI"},
+                                              {"path", path("ui.csv")}},
+                                             {{"page", "ctlModeSelection1"},
+                                              {"menu", "MenuImportFlowParamXmtr"},
+                                              {"path", path("xmtr.csv")}}});
+    const Writes second = Play(walk, &again);
+    ASSERT_FALSE(second.empty()) << again;
+    EXPECT_EQ(again.find("QDF300 Error"), std::string::npos) << again;
+    for (const auto& [name, value] : first) {
+        if (name.find("CONFIG_DATE") != std::string::npos) continue;
+        auto it = second.find(name);
+        ASSERT_NE(it, second.end()) << name << " not written again\n" << again;
+        EXPECT_TRUE(Same(it->second, value))
+            << name << ": first " << Text(value) << ", again " << Text(it->second);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(
