@@ -10,20 +10,12 @@
 
 #include "../files/FileTestSupport.h"
 #include "Cli.h"
+#include "QdfRun.h"
 
 namespace {
 
-struct QdfRun {
-    int rc;
-    std::string out, err;
-};
-
-QdfRun Qdf(const std::vector<std::string>& args) {
-    std::istringstream in;
-    std::ostringstream out, err;
-    const int rc = qdf::cli::run(args, {in, out, err});
-    return {rc, out.str(), err.str()};
-}
+using qdf::test::Qdf;
+using qdf::test::QdfRun;
 
 // The line of one standard in the summary.
 std::string Line(const std::string& out, const std::string& standard) {
