@@ -183,6 +183,9 @@ TEST_P(FrameFlowCheckSpoiled, ResultShowsTheErrorAndNamesItsSource) {
     const QString readBack = c.window->FlowCheckDialog()->ReadBackLabel()->text();
     EXPECT_EQ(readBack.toStdString(), s.readBack);
     EXPECT_EQ(c.window->FlowCheckDialog()->ReadBackLabel()->isHidden(), !*s.readBack);
+    if (const char* grab = std::getenv("QDF_GRAB_DIR")) {
+        c.window->FlowCheckDialog()->grab().save(QString(grab) + "/flowcheck_" + s.name + ".png");
+    }
     if (!*s.mainSource) {
         EXPECT_FALSE(view->Result());
         EXPECT_TRUE(view->lblVerdict->text().startsWith("No check: "))
