@@ -17,7 +17,11 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "CheckInput.h"
+#include "FlowCheck.h"
+#include "FrameFlowCheck.h"
 #include "FrameHost.h"
+#include "clsExGlobalVars.h"
 
 namespace qdf::frame {
 
@@ -74,6 +78,9 @@ FrameMainWindow::FrameMainWindow(FrameHost& host, QWidget* parent)
     actOpenWizard_ =
         device->addAction("Flow &Configuration Wizard", this, [this] { OpenWizard(); });
     actOpenWizard_->setObjectName("actionOpenWizard");
+    actFlowCheck_ = device->addAction("Flow Check of &Written Parameters...", this,
+                                      [this] { FlowCheckWrittenParameters(); });
+    actFlowCheck_->setObjectName("actionFlowCheckWritten");
 
     QMenu* settings = menuBar()->addMenu("&Settings");
     settings->addAction("&User...", this, &FrameMainWindow::UserSettingsDialog);
@@ -119,6 +126,8 @@ void FrameMainWindow::RefreshParameters() {
     writes_->setRowCount(0);
     const int index = CurrentDevice();
     actOpenWizard_->setEnabled(index >= 0 && !host_.IsModuleOpen());
+    actFlowCheck_->setEnabled(index >= 0 && index < host_.DeviceCount() &&
+                              !host_.Device(index).Parameters().empty());
     if (index < 0 || index >= host_.DeviceCount()) return;
     const FrameDevice& d = host_.Device(index);
     params_->setRowCount(static_cast<int>(d.Parameters().size()));
@@ -163,6 +172,37 @@ bool FrameMainWindow::OpenWizard() {
     }
     actOpenWizard_->setEnabled(false);
     statusBar()->showMessage("Flow configuration wizard opened");
+    return true;
+}
+
+FrameFlowCheckDialog* FrameMainWindow::FlowCheckDialog() const {
+    return static_cast<FrameFlowCheckDialog*>(flowCheck_.data());
+}
+
+bool FrameMainWindow::FlowCheckWrittenParameters(QString qmvPath) {
+    const int index = CurrentDevice();
+    if (index < 0 || index >= host_.DeviceCount() || host_.Device(index).Parameters().empty())
+        return false;
+    if (qmvPath.isEmpty()) {
+        qmvPath = chooseConfiguration
+                      ? chooseConfiguration()
+                      : QFileDialog::getOpenFileName(this, "Flow Check of Written Parameters",
+                                                     QString(), "Configuration (*.qmv *.QMV)");
+        if (qmvPath.isEmpty()) return false;
+    }
+    auto store = std::make_unique<qdf::clsExGlobalVars>();
+    try {
+        qdf::flowcheck::LoadConfigurationForCheck(*store, qmvPath.toStdString());
+    } catch (const qdf::flowcheck::FlowCheckError& e) {
+        ShowError(QString("No flow check: ") + e.what());
+        return false;
+    }
+    delete flowCheck_;
+    auto* dialog = new FrameFlowCheckDialog(host_.Device(index), std::move(store), qmvPath, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->show();
+    flowCheck_ = dialog;
+    statusBar()->showMessage("Flow check of the written parameters shown");
     return true;
 }
 

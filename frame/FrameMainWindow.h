@@ -3,9 +3,12 @@
 // what modules wrote into it, and the hosted flow configuration wizard.
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QString>
+#include <functional>
 
 class QAction;
+class QDialog;
 class QListWidget;
 class QTabWidget;
 class QTableWidget;
@@ -13,6 +16,7 @@ class QWidget;
 
 namespace qdf::frame {
 
+class FrameFlowCheckDialog;
 class FrameHost;
 
 class FrameMainWindow : public QMainWindow {
@@ -28,6 +32,16 @@ class FrameMainWindow : public QMainWindow {
     bool OpenWizard();
     // The project file the window saves to ("" until one was opened or saved).
     QString ProjectPath() const { return projectPath_; }
+
+    QAction* FlowCheckAction() const { return actFlowCheck_; }
+    // Checks the parameters written into the selected device's data against a saved
+    // configuration, asked for through chooseConfiguration when `qmvPath` is empty, and shows
+    // the result. False when there was nothing to check or the file was refused.
+    bool FlowCheckWrittenParameters(QString qmvPath = {});
+    // The open result, null when none.
+    FrameFlowCheckDialog* FlowCheckDialog() const;
+    // Asks for the saved configuration; the file dialog unless replaced (tests).
+    std::function<QString()> chooseConfiguration;
     bool SaveProjectTo(const QString& path);
     bool OpenProjectFrom(const QString& path);
 
@@ -51,6 +65,8 @@ class FrameMainWindow : public QMainWindow {
     QTableWidget* writes_;
     QWidget* wizardPage_ = nullptr;
     QAction* actOpenWizard_;
+    QAction* actFlowCheck_;
+    QPointer<QDialog> flowCheck_;
     QString projectPath_;
 };
 

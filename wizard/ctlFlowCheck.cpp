@@ -160,6 +160,14 @@ ctlFlowCheck::ctlFlowCheck(QWidget* parent) : QWidget(parent) {
 
 void ctlFlowCheck::Run(const qdf::clsExGlobalVars& store) {
     store_ = &store;
+    params_.reset();
+    cmdCheck_Click();
+}
+
+void ctlFlowCheck::RunWithParameters(const qdf::clsExGlobalVars& store,
+                                     const qdf::flowcheck::DeviceParameters& params) {
+    store_ = &store;
+    params_ = params;
     cmdCheck_Click();
 }
 
@@ -180,7 +188,7 @@ void ctlFlowCheck::cmdCheck_Click() {
         options.dpMaxPa = *dpPa;
         options.thresholdPercent = threshold;
         result_ = qdf::flowcheck::RunFlowCheck(
-            *store_, qdf::flowcheck::ParametersFromStore(*store_), options);
+            *store_, params_ ? *params_ : qdf::flowcheck::ParametersFromStore(*store_), options);
     } catch (const qdf::flowcheck::FlowCheckError& e) {
         lblVerdict->setText(QStringLiteral("No check: ") + Q(e.what()));
         lblVerdict->setStyleSheet(QStringLiteral("color: rgb(180, 0, 0)"));
@@ -261,3 +269,7 @@ void ctlFlowCheck::cmdSavePdf_Click() {
     if (WriteFlowCheckPdf(QString::fromStdString(file.path), *result_, &error)) return;
     lblWorst->setText(QStringLiteral("The PDF was not written: ") + error);
 }
+
+// Compiled with the view rather than with the wizard's other meta-objects, so that a program
+// showing only this view (the frame) pulls in nothing else of the wizard.
+#include "moc_ctlFlowCheck.cpp"

@@ -41,6 +41,10 @@ class ctlFlowCheck : public QWidget {
 
     // Checks the store's Xmtr_ set as Apply would write it and shows the result.
     void Run(const qdf::clsExGlobalVars& store);
+    // Checks a set a device holds instead, against the store's configuration; Check reruns it.
+    // The store must outlive the view.
+    void RunWithParameters(const qdf::clsExGlobalVars& store,
+                           const qdf::flowcheck::DeviceParameters& params);
     // Runs again with the DP range and threshold in the boxes.
     void cmdCheck_Click();
     // Asks for a file through the dialog service and writes the check as a PDF.
@@ -65,5 +69,6 @@ class ctlFlowCheck : public QWidget {
   private:
     void Show();
     const qdf::clsExGlobalVars* store_ = nullptr;
+    std::optional<qdf::flowcheck::DeviceParameters> params_;  // none: the store's Xmtr_ set
     std::optional<qdf::flowcheck::FlowCheckResult> result_;
 };
