@@ -5,6 +5,7 @@
 #include "../common/DataTable.h"
 #include "CodeTables.h"
 #include "ComponentTables.h"
+#include "PageTest.h"
 #include "WizardFixture.h"
 
 using namespace qdf;
@@ -22,24 +23,6 @@ std::int32_t CodeCell(const testdata::Row& r, const std::string& column) {
         if (tables.Name(i) == t) return tables.Id(i);
     ADD_FAILURE() << r.where() << ": no component " << t;
     return 0;
-}
-
-std::vector<std::string> Items(const QComboBox* box) {
-    std::vector<std::string> v;
-    for (int i = 0; i < box->count(); ++i) v.push_back(box->itemText(i).toStdString());
-    return v;
-}
-
-std::vector<std::string> Texts(const std::vector<Message>& messages) {
-    std::vector<std::string> v;
-    for (const Message& m : messages) v.push_back(m.text);
-    return v;
-}
-
-void Choose(QComboBox* box, const std::string& text) {
-    const int i = box->findText(QString::fromStdString(text));
-    ASSERT_GE(i, 0) << "no entry " << text;
-    box->setCurrentIndex(i);
 }
 
 class FluidPage : public WizardFixture {
@@ -81,9 +64,7 @@ TEST_F(FluidPage, NextRefusesInOrder) {
         step.fix();
         host.messages.clear();
         f.cmdNext->click();
-        ASSERT_EQ(Texts(host.messages), std::vector<std::string>{step.message});
-        EXPECT_EQ(host.messages[0].title, "QDF300 Flow Configuration Wizard");
-        EXPECT_EQ(host.messages[0].buttons, 2);
+        ExpectRefusals(host, {step.message});
         if (step.focus) {
             EXPECT_TRUE(step.focus->hasFocus()) << step.message;
         }
@@ -109,28 +90,28 @@ TEST_F(FluidPage, CategoriesAndNameListsByTypeAndDebugFlag) {
         Open();
         s.Mgt_DebugModeFlag = debug;
         ctlFluidSetup& f = Show();
-        EXPECT_EQ(Items(f.cboCategory), gas);
+        EXPECT_EQ(Entries(f.cboCategory), gas);
         f.optLiquid->click();
         std::vector<std::string> liquid = {"Liquid (DIPPR)", "Liquid (custom data table)"};
         if (debug == 1) liquid.insert(liquid.begin() + 1, "Pressurised Water");
-        EXPECT_EQ(Items(f.cboCategory), liquid) << "debug " << debug;
+        EXPECT_EQ(Entries(f.cboCategory), liquid) << "debug " << debug;
         EXPECT_EQ(f.cboCategory->currentIndex(), -1);
     }
 
     ctlFluidSetup& f = Fluid();
     f.optGasSteam->click();
     Choose(f.cboCategory, "Natural Gas");
-    EXPECT_EQ(Items(f.cboName),
+    EXPECT_EQ(Entries(f.cboName),
               (std::vector<std::string>{
                   "AGA8 Detail Characterization Method", "AGA8 Gross Characterization Method 1",
                   "AGA8 Gross Characterization Method 2", "ISO12213 molar-composition analysis",
                   "ISO12213 physical properties"}));
     EXPECT_EQ(f.cboName->currentIndex(), -1);
     Choose(f.cboCategory, "Steam");
-    EXPECT_EQ(Items(f.cboName),
+    EXPECT_EQ(Entries(f.cboName),
               (std::vector<std::string>{"Superheated and Saturated Steam", "Saturated steam"}));
     Choose(f.cboCategory, "Gas (DIPPR)");
-    const std::vector<std::string> components = Items(f.cboName);
+    const std::vector<std::string> components = Entries(f.cboName);
     ASSERT_EQ(static_cast<int>(components.size()), CompoundTables().Count());
     ASSERT_GT(components.size(), 20u);
     EXPECT_EQ(components[13], "METHANE");  // catalogue order
@@ -164,17 +145,7 @@ TEST_F(FluidPage, LoadFromStoreShowsTheStoredFluid) {
         s.UI_FluidName = r.text("fluidName");
         ctlFluidSetup& f = Show();
 
-        std::vector<std::string> notices;
-        for (std::string rest = r.text("notices"); !rest.empty();) {
-            const auto bar = rest.find('|');
-            notices.push_back(rest.substr(0, bar));
-            rest = bar == std::string::npos ? std::string() : rest.substr(bar + 1);
-        }
-        EXPECT_EQ(Texts(host.messages), notices) << r.where();
-        for (const Message& m : host.messages) {
-            EXPECT_EQ(m.title, "QDF300 Information") << r.where();
-            EXPECT_EQ(m.buttons, 2) << r.where();
-        }
+        ExpectInformation(host, Split(r.text("notices"), '|'), r.where());
         EXPECT_EQ(f.optGasSteam->isChecked(), r.integer("gas") == 1) << r.where();
         EXPECT_EQ(f.optLiquid->isChecked(), r.integer("liquid") == 1) << r.where();
         EXPECT_EQ(f.cboCategory->currentText().toStdString(), r.text("categoryText")) << r.where();
@@ -316,17 +287,9 @@ TEST_F(FluidPage, WindowShowsTitleAndControls) {
     Open();
     main->show();
     ctlFluidSetup& f = Show();
-    ASSERT_TRUE(f.isVisible());
-    const auto* title = f.findChild<QLabel*>("lblTitle");
-    ASSERT_NE(title, nullptr);
-    EXPECT_TRUE(title->isVisible());
-    EXPECT_EQ(title->text(), "FLUID TYPE SETUP");
-    for (const char* name : {"optGasSteam", "optLiquid", "cboCategory", "cboName", "cmdNext",
-                             "cmdBack", "cmdCancel", "lblFluidType"}) {
-        const auto* w = f.findChild<QWidget*>(name);
-        ASSERT_NE(w, nullptr) << name;
-        EXPECT_TRUE(w->isVisible()) << name;
-    }
+    ExpectShown(f, "FLUID TYPE SETUP",
+                {"optGasSteam", "optLiquid", "cboCategory", "cboName", "cmdNext", "cmdBack",
+                 "cmdCancel", "lblFluidType"});
     EXPECT_FALSE(f.txtMethod->isVisible());
     Choose(f.cboCategory, "Gas (custom data table)");
     EXPECT_TRUE(f.txtMethod->isVisible());

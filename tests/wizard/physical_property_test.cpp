@@ -6,14 +6,17 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <cmath>
 #include <functional>
 
+#include "../common/DataTable.h"
 #include "Fits.h"
 #include "ModUnit.h"
 #include "MvConfig.h"
 #include "NumberText.h"
 #include "PageSupport.h"
+#include "PageTest.h"
 #include "SND.h"
 #include "WizardFixture.h"
 #include "ctlPhysicalPropertySetup.h"
@@ -22,8 +25,6 @@ using namespace qdf;
 using namespace qdf::test;
 
 namespace {
-
-const char* kWizardTitle = "QDF300 Flow Configuration Wizard";
 
 int32_t CatalogueId(const std::string& name) {
     std::vector<std::string> names;
@@ -51,6 +52,7 @@ double GasDensity(const clsExGlobalVars& s, double T, double p) {
 }
 
 enum class Arrival { Ethane, SaturatedSteam, Methanol, Water, CustomGas };
+const char* const kArrivals[] = {"Ethane", "SaturatedSteam", "Methanol", "Water", "CustomGas"};
 
 class PhysicalPage : public WizardFixture {
   protected:
@@ -134,11 +136,6 @@ class PhysicalPage : public WizardFixture {
         const QTableWidgetItem* item = grid->item(row, column);
         return item ? item->text() : QStringLiteral("<none>");
     }
-    std::vector<std::string> Texts() const {
-        std::vector<std::string> t;
-        for (const auto& m : host.messages) t.push_back(m.text);
-        return t;
-    }
     // A click on a grid cell, as the user gives it.
     void ClickCell(QTableWidget* grid, int row, int column) {
         const QRect r = grid->visualRect(grid->model()->index(row, column));
@@ -157,54 +154,46 @@ class PhysicalPage : public WizardFixture {
     QTemporaryDir logs;
 };
 
-struct ClassCase {
-    const char* name;
-    Arrival fluid;
-    QStringList density;
-    int densityRows;
-    QStringList viscosity;
-    bool temperatureUnit, dataPoints, isentropicOpen;
-    // Row 1 and the last row of the density grid, without the density.
-    QStringList first, last;
-};
+class PhysicalClasses : public PhysicalPage, public ::testing::WithParamInterface<testdata::Row> {};
 
-class PhysicalClasses : public PhysicalPage, public ::testing::WithParamInterface<ClassCase> {};
-
-const QStringList kGasHeadings{"No", "Pressure (kPa abs)", "Temperature (deg C)",
-                               "Density (kg/m3)"};
-const QStringList kViscosityHeadings{"No", "Temperature(deg C)", "Viscosity  (Pa sec)"};
+QStringList Column(const testdata::Row& r, const std::string& column) {
+    return QString::fromStdString(r.text(column)).split('|');
+}
 
 }  // namespace
 
 // Catches a class shown with the wrong columns, row count or lists, and numbers shown in other
 // formats than the grids' (eight places, viscosities with their exponent).
 TEST_P(PhysicalClasses, GridsHeadingsAndFormats) {
-    const ClassCase& c = GetParam();
-    Arrive(c.fluid);
+    const testdata::Row& c = GetParam();
+    const auto arrival = std::find(std::begin(kArrivals), std::end(kArrivals), c.text("arrival"));
+    ASSERT_NE(arrival, std::end(kArrivals)) << c.where();
+    const auto fluid = static_cast<Arrival>(arrival - std::begin(kArrivals));
+    Arrive(fluid);
     ctlPhysicalPropertySetup& p = Page();
     EXPECT_EQ(main->CurrentPageControl(), &p);
     EXPECT_EQ(p.lblPhysicalPropertyCategory->text().toStdString(), s.Gbl_PhysicalPropertyCategory);
     EXPECT_EQ(p.lblPhysicalPropertyName->text().toStdString(), s.Gbl_PhysicalPropertyName);
-    EXPECT_EQ(p.dataPointCount, c.densityRows);
-    EXPECT_EQ(Headings(p.FlexDensity), c.density);
-    EXPECT_EQ(p.FlexDensity->rowCount(), c.densityRows + 1);
+    EXPECT_EQ(p.dataPointCount, c.integer("rows"));
+    EXPECT_EQ(Headings(p.FlexDensity), Column(c, "density"));
+    EXPECT_EQ(p.FlexDensity->rowCount(), c.integer("rows") + 1);
     EXPECT_TRUE(p.FlexDensity->isRowHidden(0));
-    EXPECT_EQ(Headings(p.FlexViscosity), c.viscosity);
+    EXPECT_EQ(Headings(p.FlexViscosity), Column(c, "viscosity"));
     EXPECT_EQ(p.FlexViscosity->rowCount(), 5);
-    EXPECT_EQ(!p.cboTempUnit->isHidden(), c.temperatureUnit);
-    EXPECT_EQ(!p.lblTempUnit->isHidden(), c.temperatureUnit);
-    EXPECT_EQ(!p.cboDataPoint->isHidden(), c.dataPoints);
-    EXPECT_EQ(!p.LblDataPoint->isHidden(), c.dataPoints);
-    EXPECT_EQ(p.txtIsenExp->isEnabled(), c.isentropicOpen);
-    EXPECT_EQ(p.txtIsenExp->isReadOnly(), !c.isentropicOpen);
+    EXPECT_EQ(!p.cboTempUnit->isHidden(), (c.integer("tempUnit") == 1));
+    EXPECT_EQ(!p.lblTempUnit->isHidden(), (c.integer("tempUnit") == 1));
+    EXPECT_EQ(!p.cboDataPoint->isHidden(), (c.integer("dataPoints") == 1));
+    EXPECT_EQ(!p.LblDataPoint->isHidden(), (c.integer("dataPoints") == 1));
+    EXPECT_EQ(p.txtIsenExp->isEnabled(), (c.integer("isentropic") == 1));
+    EXPECT_EQ(p.txtIsenExp->isReadOnly(), (c.integer("isentropic") == 0));
     EXPECT_TRUE(p.txtDataEntry->isHidden());
     EXPECT_TRUE(p.txtDataEntryVis->isHidden());
 
-    const int last = c.densityRows;
-    const int densityColumn = static_cast<int>(c.density.size()) - 1;
+    const int last = c.integer("rows");
+    const int densityColumn = static_cast<int>(Column(c, "density").size()) - 1;
     for (int col = 0; col < densityColumn; ++col) {
-        EXPECT_EQ(Text(p.FlexDensity, 1, col), c.first[col]) << col;
-        EXPECT_EQ(Text(p.FlexDensity, last, col), c.last[col]) << col;
+        EXPECT_EQ(Text(p.FlexDensity, 1, col), Column(c, "first")[col]) << col;
+        EXPECT_EQ(Text(p.FlexDensity, last, col), Column(c, "last")[col]) << col;
     }
     const QRegularExpression eightPlaces(QStringLiteral("^-?\\d+(\\.\\d{0,8})?$"));
     for (int r = 1; r <= last; ++r) {
@@ -228,7 +217,7 @@ TEST_P(PhysicalClasses, GridsHeadingsAndFormats) {
             EXPECT_NEAR(Number(t), v, 5e-9);
         }
     }
-    if (c.fluid == Arrival::CustomGas) {
+    if (fluid == Arrival::CustomGas) {
         EXPECT_EQ(p.txtRefDensity->text(), "");
         EXPECT_EQ(p.txtMolWeight->text(), "");
     } else {
@@ -238,22 +227,8 @@ TEST_P(PhysicalClasses, GridsHeadingsAndFormats) {
 
 INSTANTIATE_TEST_SUITE_P(
     ByClass, PhysicalClasses,
-    ::testing::Values(
-        ClassCase{"LibraryGas", Arrival::Ethane, kGasHeadings, 12, kViscosityHeadings, true, true,
-                  true, QStringList{"1", "500", "27"}, QStringList{"12", "2000", "87"}},
-        // The pressure list and the saturation temperatures, from the standard tables.
-        ClassCase{"SaturatedSteam", Arrival::SaturatedSteam, kGasHeadings, 12, kViscosityHeadings,
-                  false, false, true, QStringList{"1", "200", "120.21154594"},
-                  QStringList{"12", "1000", "179.88563239"}},
-        ClassCase{"LibraryLiquid", Arrival::Methanol,
-                  QStringList{"No", "Temperature (deg C)", "Density (kg/m3)"}, 4,
-                  kViscosityHeadings, true, false, false, QStringList{"1", "20"},
-                  QStringList{"4", "60"}},
-        ClassCase{"PressurisedWater", Arrival::Water, kGasHeadings, 12, kViscosityHeadings, true,
-                  false, false, QStringList{"1", "200", "20"}, QStringList{"12", "1000", "80"}},
-        ClassCase{"CustomGas", Arrival::CustomGas, kGasHeadings, 12, kViscosityHeadings, true,
-                  false, true, QStringList{"1", "200", "0"}, QStringList{"12", "800", "60"}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ::testing::ValuesIn(testdata::Load("tests/wizard/data/physical_classes.csv")),
+    testdata::RowName);
 
 // Catches a unit change that relabels without converting, converts from the shown rather than
 // the standard values, or leaves the store's unit codes behind.
@@ -321,8 +296,8 @@ TEST_F(PhysicalPage, JapanOffersMetricUnitsOnlyAndStoredOthersShowNoSelection) {
     p.cmdNext->click();
     p.cboDensUnit->setCurrentIndex(0);
     p.cmdNext->click();
-    EXPECT_EQ(Texts(), (std::vector<std::string>{"Please make a selection for density unit",
-                                                 "Please make a selection for viscosity unit"}));
+    ExpectRefusals(host, {"Please make a selection for density unit",
+                          "Please make a selection for viscosity unit"});
     EXPECT_NE(s.Xmtr_DensCoeff[0], 0.0);
     EXPECT_EQ(main->CurrentPageControl(), &p);
 }
@@ -349,8 +324,7 @@ TEST_F(PhysicalPage, CellEditingCommitsByKeyAndEscapeDropsTheEntry) {
 
     ClickCell(p.FlexDensity, 3, 3);
     Type(box, "1e");
-    EXPECT_EQ(Texts(), std::vector<std::string>{"Please enter a number"});
-    EXPECT_EQ(host.messages.at(0).title, kWizardTitle);
+    ExpectRefusals(host, {"Please enter a number"});
     EXPECT_TRUE(box->isVisible());
     EXPECT_EQ(s.UI_Dens[2], 0.0);
     Type(box, "3", Qt::Key_Up);
@@ -384,7 +358,7 @@ TEST_F(PhysicalPage, CellEditingCommitsByKeyAndEscapeDropsTheEntry) {
     p.FlexDensity->item(8, 3)->setText("9.5");
     EXPECT_EQ(s.UI_Dens[7], 9.5);
     p.FlexDensity->item(9, 3)->setText("x");
-    EXPECT_EQ(Texts().back(), "Please enter a number");
+    EXPECT_EQ(host.Texts().back(), "Please enter a number");
     EXPECT_EQ(Text(p.FlexDensity, 9, 3), "0");
 }
 
@@ -403,19 +377,12 @@ TEST_F(PhysicalPage, NextRefusesInOrder) {
         p.txtMolWeight->setText(st.mw);
         p.cmdNext->click();
     }
-    EXPECT_EQ(Texts(), (std::vector<std::string>{
-                           "Please fill out reference density value!",
-                           "Please enter a correct number for reference density value!",
-                           "Please fill out isentropic exponent value!",
-                           "Please enter a correct number for isentropic exponent value!",
-                           "Please fill out molecular weight value",
-                           "Please enter a correct number for molecular weight value!"}));
-    for (const auto& m : host.messages) {
-        EXPECT_EQ(m.title, kWizardTitle);
-        EXPECT_EQ(m.kind, 2);
-        EXPECT_EQ(m.buttons, 2);
-        EXPECT_EQ(m.def, 4);
-    }
+    ExpectRefusals(host, {"Please fill out reference density value!",
+                          "Please enter a correct number for reference density value!",
+                          "Please fill out isentropic exponent value!",
+                          "Please enter a correct number for isentropic exponent value!",
+                          "Please fill out molecular weight value",
+                          "Please enter a correct number for molecular weight value!"});
     EXPECT_EQ(s.UI_MolWeight, -999999);
     EXPECT_EQ(main->CurrentPageControl(), &p);
 
@@ -426,7 +393,7 @@ TEST_F(PhysicalPage, NextRefusesInOrder) {
     Page().txtIsenExp->setText("");
     Page().txtMolWeight->setText("");
     Page().cmdNext->click();
-    EXPECT_EQ(Texts(), std::vector<std::string>{"Please fill out molecular weight value"});
+    ExpectRefusals(host, {"Please fill out molecular weight value"});
 }
 
 // Catches a failed fit that goes on, or tells the wrong cause.
@@ -452,8 +419,7 @@ TEST_F(PhysicalPage, FitFailuresAreToldAndThePageStays) {
         Arrive(Arrival::Ethane);
         c.spoil(s);
         Page().cmdNext->click();
-        ASSERT_EQ(Texts(), std::vector<std::string>{c.text});
-        EXPECT_EQ(host.messages.at(0).title, "QDF300 Information");
+        ExpectInformation(host, {c.text});
         EXPECT_EQ(main->CurrentPageControl(), &Page());
         EXPECT_EQ(s.Mgt_ConfigCompleteFlag, 0);
         EXPECT_EQ(s.CurrentPage, 4);
@@ -506,7 +472,7 @@ TEST_F(PhysicalPage, EnteredCustomTablesAreFitted) {
     p.txtIsenExp->setText("1.31");
     p.txtMolWeight->setText("20");
     p.cmdNext->click();
-    EXPECT_TRUE(host.messages.empty()) << Texts().front();
+    EXPECT_TRUE(host.messages.empty()) << host.Texts().front();
     EXPECT_EQ(s.UI_RefDensValue, 0.845);
     EXPECT_EQ(s.UI_RefDensValueStandard, 0.845);
     EXPECT_EQ(s.UI_IsenExpValue, 1.31);
@@ -573,20 +539,11 @@ TEST_F(PhysicalPage, ShownInTheMainControl) {
     Arrive(Arrival::Ethane);
     Show();
     ctlPhysicalPropertySetup& p = Page();
-    ASSERT_TRUE(p.isVisible());
-    auto* title = p.findChild<QLabel*>("lblTitle");
-    ASSERT_NE(title, nullptr);
-    EXPECT_EQ(title->text(), "FLUID PHYSICAL PROPERTY SETUP");
-    EXPECT_TRUE(title->isVisible());
-    for (const char* name :
-         {"lblPhysicalPropertyCategory", "lblPhysicalPropertyName", "FlexDensity", "cboDensUnit",
-          "cboTempUnit", "lblTempUnit", "cboDataPoint", "LblDataPoint", "FlexViscosity",
-          "cboVisUnit", "txtRefDensity", "lblRefDens", "txtIsenExp", "txtMolWeight",
-          "lblPhysicalProperty", "cmdBack", "cmdNext", "cmdCancel"}) {
-        auto* w = p.findChild<QWidget*>(name);
-        ASSERT_NE(w, nullptr) << name;
-        EXPECT_TRUE(w->isVisible()) << name;
-    }
+    ExpectShown(p, "FLUID PHYSICAL PROPERTY SETUP",
+                {"lblPhysicalPropertyCategory", "lblPhysicalPropertyName", "FlexDensity",
+                 "cboDensUnit", "cboTempUnit", "lblTempUnit", "cboDataPoint", "LblDataPoint",
+                 "FlexViscosity", "cboVisUnit", "txtRefDensity", "lblRefDens", "txtIsenExp",
+                 "txtMolWeight", "lblPhysicalProperty", "cmdBack", "cmdNext", "cmdCancel"});
     EXPECT_TRUE(p.BlinkTimer->isActive());
     // A library fluid's grids take no entries, not even from a script.
     const double density = s.UI_DensStandard[0];

@@ -4,8 +4,10 @@
 #include <sstream>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "ModUnit.h"
 #include "PageSupport.h"
+#include "PageTest.h"
 #include "WizardFixture.h"
 #include "ctlFluidSetup.h"
 
@@ -14,7 +16,6 @@ using namespace qdf::test;
 
 namespace {
 
-const char* kWizardTitle = "QDF300 Flow Configuration Wizard";
 const char* kCode18 =
     "Classical Venturi tube with a machined convergent section    [ISO5167-1 1991/ ISO5167-4 2003]";
 
@@ -39,20 +40,8 @@ std::string BetaQuestion(const std::string& triple) {
            low + " and " + high + ". Do you still want to use this value?";
 }
 
-void Choose(QComboBox* box, const std::string& text) {
-    const int i = box->findText(QString::fromStdString(text));
-    ASSERT_GE(i, 0) << text;
-    box->setCurrentIndex(i);
-}
-
 bool Editable(const QLineEdit* box) {
     return box->isEnabled() && !box->isReadOnly();
-}
-
-std::vector<std::string> Entries(const QComboBox* box) {
-    std::vector<std::string> texts;
-    for (int i = 0; i < box->count(); ++i) texts.push_back(box->itemText(i).toStdString());
-    return texts;
 }
 
 class PrimaryElementPage : public WizardFixture {
@@ -111,11 +100,7 @@ TEST_F(PrimaryElementPage, RefusesInOrderWithTheFixedModeOnTheWay) {
         if (auto* list = qobject_cast<QComboBox*>(w)) list->setCurrentIndex(r.integer("text"));
         host.messages.clear();
         p.cmdNext->click();
-        ASSERT_EQ(host.Texts(), std::vector<std::string>{r.text("message")}) << r.where();
-        EXPECT_EQ(host.messages[0].title, kWizardTitle);
-        EXPECT_EQ(host.messages[0].kind, 2);
-        EXPECT_EQ(host.messages[0].buttons, 2);
-        EXPECT_EQ(host.messages[0].def, 4);
+        ExpectRefusals(host, {r.text("message")}, r.where());
         const QWidget* focus = p.findChild<QWidget*>(r.text("focus").c_str());
         EXPECT_TRUE(focus && focus->hasFocus()) << r.where();
         EXPECT_TRUE(OnPage()) << r.where();
@@ -140,27 +125,7 @@ TEST_F(PrimaryElementPage, RefusesInOrderWithTheFixedModeOnTheWay) {
     p.cmdNext->click();
     EXPECT_TRUE(host.messages.empty());
     EXPECT_EQ(main->CurrentPageControl(), main->ctlFluidSetup1);
-    EXPECT_EQ(s.UI_PEType, 3);
-    EXPECT_EQ(s.UI_PEName, "Fixed mode");
-    EXPECT_EQ(s.UI_PEPrimaryDeviceCode, 1);
-    EXPECT_EQ(s.UI_PESubCodeName, "");
-    EXPECT_EQ(s.UI_PEDisCoeff, 0.61);
-    EXPECT_EQ(s.UI_PEGasExpFac, 0.98);
-    EXPECT_EQ(s.UI_PEDiameter, 2.0);
-    EXPECT_EQ(s.UI_PEDiameterUnit, 47);
-    EXPECT_EQ(s.UI_PETemp, 68.0);
-    EXPECT_EQ(s.UI_PETempUnit, 33);
-    EXPECT_EQ(s.UI_PEMaterial, "Monel");
-    EXPECT_EQ(s.UI_PEPipeDiameter, 0.0);
-    EXPECT_EQ(s.UI_PEPipeDiameterUnit, 49);
-    EXPECT_EQ(s.UI_PipeTemperature, 300.0);
-    EXPECT_EQ(s.UI_PipeTemperatureUnit, 35);
-    EXPECT_EQ(s.UI_PipeMaterial, "Hastelloy C");
-    EXPECT_EQ(s.UI_PEPipeTempStandard, 300.0);
-    // Back on the Fluid page returns here through the stack.
-    EXPECT_EQ(s.CurrentPage, 1);
-    EXPECT_EQ(s.PageList[0], "ctlPrimaryElementSetup");
-    EXPECT_EQ(s.PageList[1], "ctlFluidSetup");
+    testdata::ExpectMembers(s, "tests/wizard/data/primary_fixed_mode_store.json");
 }
 
 // Catches a wrong limit, a wrong wording (including the deliberately odd ones), a warning asked
@@ -350,32 +315,13 @@ TEST_F(PrimaryElementPage, LoadFromStoreSelectsByCode) {
         }
     }
 
-    s.UI_PEType = 3;
-    s.UI_PEPrimaryDeviceCode = 1;
-    s.UI_PEDisCoeff = 0.75;
-    s.UI_PEGasExpFac = kNotEntered;
-    s.UI_PEDiameter = 2.5;
-    s.UI_PEDiameterUnit = 47;
-    s.UI_PETemp = 68;
-    s.UI_PETempUnit = 33;
-    s.UI_PEMaterial = "Monel";
-    s.UI_PEPipeDiameter = 4;
-    s.UI_PEPipeDiameterUnit = 47;
-    s.UI_PipeTemperature = kNotEntered;
-    s.UI_PipeTemperatureUnit = 35;
-    s.UI_PipeMaterial = "Brass";
+    testdata::ApplyMembers(s, "tests/wizard/data/primary_fixed_inch_load.json");
     main->SwitchToPrimaryElementSetup();
-    EXPECT_EQ(p.txtPEDisCoeff->text(), "0.75");
-    EXPECT_EQ(p.txtPEGasExpFactor->text(), "");
-    EXPECT_EQ(p.txtPEDiameter->text(), "2.5");
-    EXPECT_EQ(p.cboPEDiameterUnit->currentText(), "in");
-    EXPECT_EQ(p.txtPETemp->text(), "68");
-    EXPECT_EQ(p.cboPETempUnit->currentText(), "deg F");
-    EXPECT_EQ(p.cboPEMaterial->currentText(), "Monel");
-    EXPECT_EQ(p.txtPipeDiameter->text(), "4");
-    EXPECT_EQ(p.cboPipeDiameterUnit->currentText(), "in");
-    EXPECT_EQ(p.txtPipeTemp->text(), "-999999");
-    EXPECT_EQ(p.cboPipeTempUnit->currentText(), "Kelvin");
+    ExpectByName(p,
+                 "txtPEDisCoeff=0.75;txtPEGasExpFactor=;txtPEDiameter=2.5;cboPEDiameterUnit=in;"
+                 "txtPETemp=68;cboPETempUnit=deg F;cboPEMaterial=Monel;txtPipeDiameter=4;"
+                 "cboPipeDiameterUnit=in;txtPipeTemp=-999999;cboPipeTempUnit=Kelvin;"
+                 "cboPipeMaterial=");
     EXPECT_EQ(p.cboPipeMaterial->currentIndex(), -1);
     EXPECT_EQ(s.Gbl_ReadyToSave, kFalse);
 
@@ -399,24 +345,17 @@ TEST_F(PrimaryElementPage, JapanListsAndAnInchConfiguration) {
     EXPECT_EQ(Entries(p.cboPipeTempUnit), (std::vector<std::string>{"deg C", "Kelvin"}));
 
     // As saved in inches and deg F elsewhere.
+    testdata::ApplyMembers(s, "tests/wizard/data/primary_fixed_inch_load.json");
     s.UI_PEType = 0;
     s.UI_PEPrimaryDeviceCode = 5;
-    s.UI_PEDiameter = 2;
-    s.UI_PEDiameterUnit = 47;
-    s.UI_PEDiameterStandard = 50.8;
-    s.UI_PETemp = 68;
-    s.UI_PETempUnit = 33;
-    s.UI_PEPipeDiameter = 4;
-    s.UI_PEPipeDiameterUnit = 47;
     main->SwitchToPrimaryElementSetup();
     EXPECT_EQ(p.cboPEDiameterUnit->currentIndex(), -1);
     EXPECT_EQ(p.cboPETempUnit->currentIndex(), -1);
     EXPECT_EQ(p.cboPipeDiameterUnit->currentIndex(), -1);
-    EXPECT_EQ(p.cboPipeTempUnit->currentText(), "deg C");
+    EXPECT_EQ(p.cboPipeTempUnit->currentText(), "Kelvin");
     host.messages.clear();
     p.cmdNext->click();
-    EXPECT_EQ(host.Texts(),
-              std::vector<std::string>{"Please make a selection for primary diameter unit"});
+    ExpectRefusals(host, {"Please make a selection for primary diameter unit"});
     EXPECT_TRUE(OnPage());
 }
 
@@ -439,16 +378,12 @@ TEST_F(PrimaryElementPage, WindowShowsTitleAndFields) {
     main->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(main.get()));
     ctlPrimaryElementSetup& p = Primary();
-    EXPECT_TRUE(p.isVisible());
-    EXPECT_EQ(p.findChild<QLabel*>("lblTitle")->text(), "PRIMARY DEVICE AND PIPE SETUP");
-    for (const char* name :
-         {"cboType", "cboDesc", "txtElementDesc", "txtPEDisCoeff", "txtPEGasExpFactor",
-          "txtPEDiameter", "cboPEDiameterUnit", "txtPETemp", "cboPETempUnit", "cboPEMaterial",
-          "txtPipeDiameter", "cboPipeDiameterUnit", "txtPipeTemp", "cboPipeTempUnit",
-          "cboPipeMaterial", "cmdNext", "cmdBack", "cmdCancel", "lblPrimaryElement"}) {
-        const QWidget* w = p.findChild<QWidget*>(name);
-        EXPECT_TRUE(w && w->isVisible()) << name;
-    }
+    ExpectShown(
+        p, "PRIMARY DEVICE AND PIPE SETUP",
+        {"cboType", "cboDesc", "txtElementDesc", "txtPEDisCoeff", "txtPEGasExpFactor",
+         "txtPEDiameter", "cboPEDiameterUnit", "txtPETemp", "cboPETempUnit", "cboPEMaterial",
+         "txtPipeDiameter", "cboPipeDiameterUnit", "txtPipeTemp", "cboPipeTempUnit",
+         "cboPipeMaterial", "cmdNext", "cmdBack", "cmdCancel", "lblPrimaryElement"});
     EXPECT_TRUE(p.BlinkTimer->isActive());
     if (const char* dir = std::getenv("QDF_GRAB_DIR")) {
         Fill(1, 2, "60", "mm", "100", "mm");
