@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "CodeTables.h"
 #include "ComponentTables.h"
 #include "PageTest.h"
@@ -129,8 +130,6 @@ TEST_F(FluidPage, CategoriesAndNameListsByTypeAndDebugFlag) {
     EXPECT_EQ(f.cboName->count(), 0);
     EXPECT_FALSE(f.txtMethod->isHidden());
     EXPECT_FALSE(f.optGasSteam->isChecked());
-    EXPECT_EQ(f.m_Liquid, true);
-    EXPECT_EQ(f.m_GasSteam, false);
 }
 
 // Catches a stored fluid shown wrongly, a notice missing, extra or under another title.
@@ -211,6 +210,9 @@ TEST_F(FluidPage, NextForksByNameThenCategory) {
 // Catches ranges and tables of one custom kind carried into the other, a reset that waits for
 // Next, or a reset where the kind does not change.
 TEST_F(FluidPage, SwitchingCustomKindResetsTheStoreAtTheClick) {
+    const auto Group = [](const std::string& group, bool reset) {
+        return "tests/wizard/data/fluid_kind_" + group + (reset ? "_reset.json" : "_kept.json");
+    };
     const struct Case {
         int loadedType, loadedCat;
         const char* option;
@@ -232,53 +234,28 @@ TEST_F(FluidPage, SwitchingCustomKindResetsTheStoreAtTheClick) {
         s.UI_FluidCat = c.loadedCat;
         s.UI_FluidNameMethodCode = kNotEntered;
         s.UI_ChemID = c.loadedCat == 3 || c.loadedCat == 7 ? "Custom" : "";
-        s.UI_RangeP1 = 100;
-        s.UI_RangeP2 = 200;
-        s.UI_PressRef = 101.325;
-        s.UI_RangePUnit = 1;
-        s.UI_PressRefUnit = 2;
-        s.UI_RangeT1 = 10;
-        s.UI_RangeT2 = 90;
-        s.UI_TempRef = 15;
-        s.UI_RangeTUnit = 35;
-        s.UI_TempRefUnit = 33;
-        s.UI_IsenExpValue = 1.3;
-        s.UI_RefDensValue = 1.2;
-        s.UI_RefDensValueStandard = 1.2;
-        s.UI_Dens[0] = 800;
-        s.UI_Dens[256] = 801;
-        s.UI_DensStandard[5] = 802;
-        s.UI_Visc[31] = 0.001;
-        s.UI_ViscStandard[0] = 0.002;
+        for (const char* group : {"pressures", "temperatures", "properties"})
+            testdata::ApplyMembers(s, Group(group, false));
+        // Table cells at both ends of the arrays.
+        double* const cells[] = {&s.UI_Dens[0], &s.UI_Dens[256], &s.UI_DensStandard[5],
+                                 &s.UI_Visc[31], &s.UI_ViscStandard[0]};
+        const double values[] = {800, 801, 802, 0.001, 0.002};
+        for (int i = 0; i < 5; ++i) *cells[i] = values[i];
         ctlFluidSetup& f = Show();
         f.findChild<QRadioButton*>(c.option)->click();
         Choose(f.cboCategory, c.category);
 
-        const auto entered = [](bool reset, double value) { return reset ? kNotEntered : value; };
-        EXPECT_EQ(s.UI_RangeP1, entered(c.pressuresReset, 100));
-        EXPECT_EQ(s.UI_RangeP2, entered(c.pressuresReset, 200));
-        EXPECT_EQ(s.UI_PressRef, entered(c.pressuresReset, 101.325));
-        EXPECT_EQ(s.UI_RangePUnit, c.pressuresReset ? 0 : 1);
-        EXPECT_EQ(s.UI_PressRefUnit, c.pressuresReset ? 0 : 2);
-        EXPECT_EQ(s.UI_RangeT1, entered(c.temperaturesReset, 10));
-        EXPECT_EQ(s.UI_RangeT2, entered(c.temperaturesReset, 90));
-        EXPECT_EQ(s.UI_TempRef, entered(c.temperaturesReset, 15));
-        EXPECT_EQ(s.UI_RangeTUnit, c.temperaturesReset ? 32 : 35);
-        EXPECT_EQ(s.UI_TempRefUnit, c.temperaturesReset ? 32 : 33);
-        EXPECT_EQ(s.UI_IsenExpValue, entered(c.propertiesReset, 1.3));
-        EXPECT_EQ(s.UI_RefDensValue, entered(c.propertiesReset, 1.2));
-        EXPECT_EQ(s.UI_RefDensValueStandard, entered(c.propertiesReset, 1.2));
-        EXPECT_EQ(s.UI_Dens[0], c.propertiesReset ? 0.0 : 800);
-        EXPECT_EQ(s.UI_Dens[256], c.propertiesReset ? 0.0 : 801);
-        EXPECT_EQ(s.UI_DensStandard[5], c.propertiesReset ? 0.0 : 802);
-        EXPECT_EQ(s.UI_Visc[31], c.propertiesReset ? 0.0 : 0.001);
-        EXPECT_EQ(s.UI_ViscStandard[0], c.propertiesReset ? 0.0 : 0.002);
+        const std::pair<const char*, bool> groups[] = {{"pressures", c.pressuresReset},
+                                                       {"temperatures", c.temperaturesReset},
+                                                       {"properties", c.propertiesReset}};
+        for (const auto& [group, reset] : groups) testdata::ExpectMembers(s, Group(group, reset));
+        for (int i = 0; i < 5; ++i) EXPECT_EQ(*cells[i], c.propertiesReset ? 0.0 : values[i]) << i;
 
         // Back after the click keeps the reset and stores nothing of the page.
         f.cmdBack->click();
         EXPECT_EQ(InView(), "ctlPrimaryElementSetup1");
         EXPECT_EQ(s.UI_FluidCat, c.loadedCat);
-        EXPECT_EQ(s.UI_RangeT1, entered(c.temperaturesReset, 10));
+        testdata::ExpectMembers(s, Group("temperatures", c.temperaturesReset));
     }
 }
 

@@ -275,44 +275,20 @@ TEST_F(PrimaryElementPage, DescriptionListsByFamily) {
 TEST_F(PrimaryElementPage, LoadFromStoreSelectsByCode) {
     OpenPage();
     ctlPrimaryElementSetup& p = Primary();
-    struct Case {
-        std::int32_t type, code, sub;
-        const char* typeText;
-        std::string descText;
-        bool notice;
-    };
-    const Case cases[] = {
-        {0, 6, 0, "Orifice", "Orifice Flange Taps [ISO5167-2 2003]", false},
-        {0, 12, 0, "Orifice", "", false},
-        {1, 13, 0, "Nozzle", "Long radius nozzle [ISO5167-1 1991/ ISO5167-3 2003]", false},
-        {1, 14, 1, "Nozzle", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with low beta ratio", false},
-        {1, 14, 3, "Nozzle", "", true},
-        {1, 15, 0, "Nozzle", "", true},
-        {2, 18, 0, "Venturi", kCode18, false},
-        {2, 21, 0, "Venturi", "", false},
-        {3, 1, 0, "Fix", "Fixed mode", false},
-        // Another code in the fixed family still lands on its only row.
-        {3, 2, 0, "Fix", "Fixed mode", false},
-        {kNotEntered, 2, 0, "", "", false},
-        {4, 2, 0, "", "", false},
-    };
-    for (const Case& c : cases) {
-        s.UI_PEType = c.type;
-        s.UI_PEPrimaryDeviceCode = c.code;
-        s.UI_PESubcode = c.sub;
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/primary_load_codes.csv")) {
+        s.UI_PEType = r.integer("type");
+        s.UI_PEPrimaryDeviceCode = r.integer("code");
+        s.UI_PESubcode = r.integer("sub");
         host.messages.clear();
         main->SwitchToPrimaryElementSetup();
-        const std::string where = std::to_string(c.type) + "/" + std::to_string(c.code);
-        EXPECT_EQ(p.cboType->currentText().toStdString(), c.typeText) << where;
-        EXPECT_EQ(p.cboDesc->currentText().toStdString(), c.descText) << where;
-        if (c.notice) {
-            ASSERT_EQ(host.messages.size(), 1u) << where;
-            EXPECT_EQ(host.messages[0].title, "QDF300 Information");
-            EXPECT_EQ(host.messages[0].text,
-                      "Primary element description is not supported by this software version");
-        } else {
-            EXPECT_TRUE(host.messages.empty()) << where;
-        }
+        ExpectByName(p, "cboType=" + r.text("typeText") + ";cboDesc=" + r.text("descText"),
+                     r.where());
+        ExpectInformation(host,
+                          r.integer("notice") == 0
+                              ? std::vector<std::string>{}
+                              : std::vector<std::string>{"Primary element description is not "
+                                                         "supported by this software version"},
+                          r.where());
     }
 
     testdata::ApplyMembers(s, "tests/wizard/data/primary_fixed_inch_load.json");
