@@ -6,11 +6,11 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
-#include <algorithm>
 #include <cmath>
 #include <functional>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "Fits.h"
 #include "ModUnit.h"
 #include "MvConfig.h"
@@ -51,9 +51,6 @@ double GasDensity(const clsExGlobalVars& s, double T, double p) {
     return sum;
 }
 
-enum class Arrival { Ethane, SaturatedSteam, Methanol, Water, CustomGas };
-const char* const kArrivals[] = {"Ethane", "SaturatedSteam", "Methanol", "Water", "CustomGas"};
-
 class PhysicalPage : public WizardFixture {
   protected:
     void SetUp() override {
@@ -63,47 +60,20 @@ class PhysicalPage : public WizardFixture {
 
     ctlPhysicalPropertySetup& Page() { return *main->ctlPhysicalPropertySetup1; }
 
-    // The store as the pages before leave it (ranges in deg C and kPa abs), then the page.
-    void Arrive(Arrival fluid, const std::string& location = "Other") {
-        struct Setup {
-            int32_t type, cat;
-            const char *name, *category, *rangePage;
-            double t1, t2, p1, p2;
-        };
-        static const Setup setups[] = {
-            {2, 6, "ETHANE", "Gas (DIPPR)", "ctlOperatingRangeSetup", 27, 87, 500, 2000},
-            {2, 5, "Saturated steam", "Steam", "ctlOperatingRangeSatSteam", 0, 0, 200, 1000},
-            {1, 1, "METHANOL", "Liquid (DIPPR)", "ctlOperatingRangeLiquid", 20, 60, 0, 0},
-            {1, 2, "Pressurised Water", "Pressurised Water", "ctlOperatingRangeSetup", 20, 80, 200,
-             1000},
-            {2, 7, "MYGAS", "Gas (custom data table)", "ctlOperatingRangeSetup", 0, 60, 200, 800}};
-        const Setup& u = setups[static_cast<int>(fluid)];
+    // The store as the pages before leave it for one of the arrivals under data/ (Ethane,
+    // SaturatedSteam, Methanol, Water, CustomGas), then the page.
+    void Arrive(const std::string& fluid, const std::string& location = "Other") {
         Open("HART", 2, location);
-        s.UI_PEName = "Orifice Flange Taps [ISO5167-2 2003]";
-        s.UI_PEPrimaryDeviceCode = 6;
-        s.UI_PEDiameterStandard = 50.0;
-        s.UI_PEPipeDiameterStandard = 100.0;
-        s.UI_AtmPressStandard = s.UI_PressRefStandard = 101325.0;
-        s.UI_TempRefStandard = 288.15;
-        s.UI_FluidType = u.type;
-        s.UI_FluidCat = u.cat;
-        s.UI_FluidName = s.Gbl_PhysicalPropertyName = u.name;
-        s.Gbl_PhysicalPropertyCategory = u.category;
-        if (u.cat == 1 || u.cat == 6) s.UI_FluidNameMethodCode = CatalogueId(u.name);
-        s.UI_RangeTUnit = 32;
-        s.UI_RangePUnit = 0;
-        s.UI_RangeT1 = u.t1;
-        s.UI_RangeT2 = u.t2;
-        s.UI_RangeT1Standard = DegCToK(u.t1);
-        s.UI_RangeT2Standard = DegCToK(u.t2);
-        s.UI_RangeP1 = u.p1;
-        s.UI_RangeP2 = u.p2;
-        s.UI_RangeP1Standard = u.p1 * 1000.0;
-        s.UI_RangeP2Standard = u.p2 * 1000.0;
-        if (u.cat == 7) {
+        testdata::ApplyMembers(s, "tests/wizard/data/physical_arrival.json");
+        testdata::ApplyMembers(s, "tests/wizard/data/physical_arrival_" + fluid + ".json");
+        if (s.UI_FluidCat == 1 || s.UI_FluidCat == 6)
+            s.UI_FluidNameMethodCode = CatalogueId(s.UI_FluidName);
+        s.UI_RangeT1Standard = DegCToK(s.UI_RangeT1);
+        s.UI_RangeT2Standard = DegCToK(s.UI_RangeT2);
+        s.UI_RangeP1Standard = s.UI_RangeP1 * 1000.0;
+        s.UI_RangeP2Standard = s.UI_RangeP2 * 1000.0;
+        if (s.UI_FluidCat == 7) {
             // No driver for custom tables: the range page prepares the grid points only.
-            s.UI_ChemID = u.name;
-            s.UI_IsenExpValue = 1.3;
             ASSERT_EQ(CalcDischargeCoefficient(s), 0);
             ASSERT_EQ(CalcGasExpansionGrid(s), 0);
             for (int k = 0; k < 12; ++k) {
@@ -116,11 +86,6 @@ class PhysicalPage : public WizardFixture {
             ASSERT_EQ(RunCalculation(s), 0);
         }
         s.Gbl_ErrorCode = s.Gbl_ErrorSubCode = -999999;
-        s.ClearPageList();
-        const char* path[] = {"ctlModeSelection", "ctlPrimaryElementSetup", "ctlFluidSetup",
-                              u.rangePage, "ctlPhysicalPropertySetup"};
-        for (int i = 0; i < 5; ++i) s.PageList[i] = path[i];
-        s.CurrentPage = 4;
         main->SwitchToPhysicalPropertySetup();
     }
 
@@ -166,10 +131,7 @@ QStringList Column(const testdata::Row& r, const std::string& column) {
 // formats than the grids' (eight places, viscosities with their exponent).
 TEST_P(PhysicalClasses, GridsHeadingsAndFormats) {
     const testdata::Row& c = GetParam();
-    const auto arrival = std::find(std::begin(kArrivals), std::end(kArrivals), c.text("arrival"));
-    ASSERT_NE(arrival, std::end(kArrivals)) << c.where();
-    const auto fluid = static_cast<Arrival>(arrival - std::begin(kArrivals));
-    Arrive(fluid);
+    Arrive(c.text("arrival"));
     ctlPhysicalPropertySetup& p = Page();
     EXPECT_EQ(main->CurrentPageControl(), &p);
     EXPECT_EQ(p.lblPhysicalPropertyCategory->text().toStdString(), s.Gbl_PhysicalPropertyCategory);
@@ -217,7 +179,7 @@ TEST_P(PhysicalClasses, GridsHeadingsAndFormats) {
             EXPECT_NEAR(Number(t), v, 5e-9);
         }
     }
-    if (fluid == Arrival::CustomGas) {
+    if (s.UI_FluidCat == 7) {
         EXPECT_EQ(p.txtRefDensity->text(), "");
         EXPECT_EQ(p.txtMolWeight->text(), "");
     } else {
@@ -233,7 +195,7 @@ INSTANTIATE_TEST_SUITE_P(
 // Catches a unit change that relabels without converting, converts from the shown rather than
 // the standard values, or leaves the store's unit codes behind.
 TEST_F(PhysicalPage, UnitChangesRebuildTheGridsFromStandardValues) {
-    Arrive(Arrival::Ethane);
+    Arrive("Ethane");
     ctlPhysicalPropertySetup& p = Page();
     const double density = s.UI_DensStandard[4];
     const double reference = s.UI_RefDensValueStandard;
@@ -271,7 +233,7 @@ TEST_F(PhysicalPage, UnitChangesRebuildTheGridsFromStandardValues) {
 
 // Catches lists that offer what "Japan" does not, and headings that keep a unit nothing selects.
 TEST_F(PhysicalPage, JapanOffersMetricUnitsOnlyAndStoredOthersShowNoSelection) {
-    Arrive(Arrival::Ethane, "Japan");
+    Arrive("Ethane", "Japan");
     ctlPhysicalPropertySetup& p = Page();
     ASSERT_EQ(p.cboDensUnit->count(), 1);
     EXPECT_EQ(p.cboDensUnit->itemText(0), "kg/m3");
@@ -305,7 +267,7 @@ TEST_F(PhysicalPage, JapanOffersMetricUnitsOnlyAndStoredOthersShowNoSelection) {
 // Catches a commit that misses the store or its unit, a bad number that is kept, an Escape that
 // writes, and keys that move to the wrong cell.
 TEST_F(PhysicalPage, CellEditingCommitsByKeyAndEscapeDropsTheEntry) {
-    Arrive(Arrival::CustomGas);
+    Arrive("CustomGas");
     Show();
     ctlPhysicalPropertySetup& p = Page();
     QLineEdit* box = p.txtDataEntry;
@@ -364,7 +326,7 @@ TEST_F(PhysicalPage, CellEditingCommitsByKeyAndEscapeDropsTheEntry) {
 
 // Catches a step out of order, a wording change, and a refusal that goes on to the fit.
 TEST_F(PhysicalPage, NextRefusesInOrder) {
-    Arrive(Arrival::CustomGas);
+    Arrive("CustomGas");
     ctlPhysicalPropertySetup& p = Page();
     struct Step {
         const char *ref, *isen, *mw;
@@ -388,7 +350,7 @@ TEST_F(PhysicalPage, NextRefusesInOrder) {
 
     // A liquid has no isentropic exponent to ask for.
     host.messages.clear();
-    Arrive(Arrival::Methanol);
+    Arrive("Methanol");
     Page().txtRefDensity->setText("790");
     Page().txtIsenExp->setText("");
     Page().txtMolWeight->setText("");
@@ -416,7 +378,7 @@ TEST_F(PhysicalPage, FitFailuresAreToldAndThePageStays) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         host.messages.clear();
-        Arrive(Arrival::Ethane);
+        Arrive("Ethane");
         c.spoil(s);
         Page().cmdNext->click();
         ExpectInformation(host, {c.text});
@@ -429,7 +391,7 @@ TEST_F(PhysicalPage, FitFailuresAreToldAndThePageStays) {
 // Catches a Next that rounds the computed values through the boxes' text, stores other
 // coefficients than the fit of the tables, or leaves by another path.
 TEST_F(PhysicalPage, NextFitsTheLibraryTablesAndGoesToApply) {
-    Arrive(Arrival::Ethane);
+    Arrive("Ethane");
     // The fit of the tables as the calculation left them, then the page's own.
     ASSERT_EQ(RunFits(s), 0);
     const auto density = s.Xmtr_DensCoeff;
@@ -458,7 +420,7 @@ TEST_F(PhysicalPage, NextFitsTheLibraryTablesAndGoesToApply) {
 // Catches entered tables that do not reach the fit: the transmitter's density must give back
 // what the user typed at the grid's points.
 TEST_F(PhysicalPage, EnteredCustomTablesAreFitted) {
-    Arrive(Arrival::CustomGas);
+    Arrive("CustomGas");
     Show();
     ctlPhysicalPropertySetup& p = Page();
     // An ideal gas of molecular weight 20, entered cell by cell with Enter.
@@ -487,7 +449,7 @@ TEST_F(PhysicalPage, EnteredCustomTablesAreFitted) {
 // Catches a data point choice that changes the divisions without recalculating, or a grid that
 // keeps its old size.
 TEST_F(PhysicalPage, DataPointChoiceRecalculatesTheFinerGrid) {
-    Arrive(Arrival::Ethane);
+    Arrive("Ethane");
     ctlPhysicalPropertySetup& p = Page();
     ASSERT_EQ(p.cboDataPoint->count(), 2);
     EXPECT_EQ(p.cboDataPoint->itemText(0), "12 (3 x 4)");
@@ -517,10 +479,10 @@ TEST_F(PhysicalPage, DataPointChoiceRecalculatesTheFinerGrid) {
 // Catches a Back that returns elsewhere than the range page on the path, or moves on a name
 // that is none of them.
 TEST_F(PhysicalPage, BackReturnsToTheRangePageOnThePath) {
-    const std::pair<Arrival, const char*> paths[] = {
-        {Arrival::Ethane, "ctlOperatingRangeSetup1"},
-        {Arrival::SaturatedSteam, "ctlOperatingRangeSatSteam1"},
-        {Arrival::Methanol, "ctlOperatingRangeLiquid1"}};
+    const std::pair<const char*, const char*> paths[] = {
+        {"Ethane", "ctlOperatingRangeSetup1"},
+        {"SaturatedSteam", "ctlOperatingRangeSatSteam1"},
+        {"Methanol", "ctlOperatingRangeLiquid1"}};
     for (const auto& [fluid, page] : paths) {
         Arrive(fluid);
         Page().cmdBack->click();
@@ -528,7 +490,7 @@ TEST_F(PhysicalPage, BackReturnsToTheRangePageOnThePath) {
         EXPECT_EQ(s.CurrentPage, 3);
         EXPECT_EQ(s.PageList[4], "");
     }
-    Arrive(Arrival::Ethane);
+    Arrive("Ethane");
     s.PageList[3] = "ctlFluidSetup";
     Page().cmdBack->click();
     EXPECT_EQ(main->CurrentPageControl(), &Page());
@@ -536,7 +498,7 @@ TEST_F(PhysicalPage, BackReturnsToTheRangePageOnThePath) {
 
 // Catches a page that is not shown in the frame, or named controls that are missing or hidden.
 TEST_F(PhysicalPage, ShownInTheMainControl) {
-    Arrive(Arrival::Ethane);
+    Arrive("Ethane");
     Show();
     ctlPhysicalPropertySetup& p = Page();
     ExpectShown(p, "FLUID PHYSICAL PROPERTY SETUP",
