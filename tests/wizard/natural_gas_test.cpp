@@ -63,12 +63,13 @@ class NaturalGasPages : public WizardFixture {
     }
     QString Cell(int row, int column) { return Aga().FlexDensity->item(row, column)->text(); }
     // "row,column=text;...": what the grid's cells show.
-    void ExpectCells(const std::string& cells) {
+    void ExpectCells(const std::string& cells, const std::string& where = std::string()) {
         for (const std::string& item : Split(cells, ';')) {
             int row = 0, column = 0;
             char comma = 0;
             std::istringstream(item) >> row >> comma >> column;
-            EXPECT_EQ(Cell(row, column).toStdString(), item.substr(item.find('=') + 1)) << item;
+            EXPECT_EQ(Cell(row, column).toStdString(), item.substr(item.find('=') + 1))
+                << where << " " << item;
         }
     }
     // Types into a value cell through the floating edit box and leaves it.
@@ -248,40 +249,43 @@ TEST_F(NaturalGasPages, DetailPageRangeAndSumTexts) {
     }
 }
 
-// Catches a total compared after rounding, the messages of the total swapped, a negative
-// total refused, or a fault text that outlives Standardize.
-TEST_F(NaturalGasPages, DetailPageTotalMustBeExactlyHundred) {
+// Catches a total compared after rounding, the messages of the total swapped, a negative total
+// refused, scaling that skips the cell under edit, rounds by the wrong pattern or leaves the
+// total unsummed, and a fault text that outlives Standardize or Reset.
+TEST_F(NaturalGasPages, DetailPageTotalStandardizeAndReset) {
     Open();
-    ShowAnalysis(kAga8Detail, {});
-    TypeCell(1, 2, "50");
-    TypeCell(2, 2, "50.00000001");
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(),
-              "The total mole value shouldn't exceed 100%. Current total mole is 100.00000001");
-    TypeCell(2, 2, "49.99999999");
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(), "The total mole should exactly be 100%");
-    Aga().cmdReset->click();
-    EXPECT_TRUE(Aga().txtMessage->text().isEmpty());
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(), "The total mole should exactly be 100%");
-
-    // The running sum of the published Gulf Coast analysis lands a bit above 100 in this order.
-    ShowAnalysis(kAga8Detail, {});
-    for (const auto& [k, v] : kGulfCoast)
-        TypeComponent(k, QString::number(k == 1 ? 0.2595 : k == 2 ? 0.5956 : v, 'g', 10));
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(),
-              "The total mole value shouldn't exceed 100%. Current total mole is 100");
-    EXPECT_EQ(PageInView(), "ctlNaturalGasSetupAga1");
-
-    // A negative running total skips the tests and stores.
-    ShowAnalysis(kAga8Detail, {{0, -5}});
-    Aga().cmdNext->click();
-    EXPECT_TRUE(Aga().txtMessage->text().isEmpty());
-    EXPECT_EQ(PageInView(), "ctlOperatingRangeSetup1");
-    EXPECT_EQ(s.UI_DtlTotalMole, -5.0);
-    EXPECT_TRUE(host.messages.empty());
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/aga_detail_steps.csv")) {
+        const std::string step = r.text("step");
+        int row = 0, column = 0;
+        char comma = 0;
+        std::istringstream(r.text("cell")) >> row >> comma >> column;
+        std::map<int, double> analysis;
+        if (step == "show" || step == "typeall")
+            for (const std::string& item : Split(r.text("text"), ';'))
+                analysis[std::stoi(item)] = std::stod(item.substr(item.find('=') + 1));
+        if (step == "show") ShowAnalysis(kAga8Detail, analysis);
+        if (step == "typeall")
+            for (const auto& [k, v] : analysis) TypeComponent(k, QString::number(v, 'g', 10));
+        if (step == "type") TypeCell(row, column, r.text("text").c_str());
+        if (step == "edit") {
+            Aga().EditCell(row, column);
+            Aga().txtDataEntry->setText(r.text("text").c_str());
+        }
+        if (step == "fault") Aga().txtMessage->setText(r.text("text").c_str());
+        if (step == "next") Aga().cmdNext->click();
+        if (step == "normalize") Aga().cmdNormalize->click();
+        if (step == "reset") Aga().cmdReset->click();
+        ExpectByName(Aga(), r.text("expect"), r.where());
+        ExpectCells(r.text("cells"), r.where());
+        for (const std::string& item : Split(r.text("y21"), ';'))
+            EXPECT_EQ(s.Y21[std::stoul(item)], std::stod(item.substr(item.find('=') + 1)))
+                << r.where() << " " << item;
+        EXPECT_EQ(r.has("view") ? PageInView() : "", r.text("view")) << r.where();
+        if (r.has("stored")) {
+            EXPECT_EQ(s.UI_DtlTotalMole, r.num("stored")) << r.where();
+        }
+        EXPECT_TRUE(host.messages.empty()) << r.where();
+    }
 }
 
 // Catches the commit rules: the rounding that depends on the old value, an empty cell not
@@ -343,40 +347,6 @@ TEST_F(NaturalGasPages, DetailGridKeysAndEnter) {
               Aga().FlexDensity->visualItemRect(Aga().FlexDensity->item(1, 2)));
     Aga().CommitEdit();
     EXPECT_EQ(Aga().txtTotalMole->text(), "2.25");
-}
-
-// Catches scaling that skips the cell under edit, rounds by the wrong pattern, leaves the
-// total unsummed, or acts on an empty analysis.
-TEST_F(NaturalGasPages, DetailStandardizeAndReset) {
-    Open();
-    ShowAnalysis(kAga8Detail, {{0, 1}, {1, 1}});
-    Aga().EditCell(3, 2);
-    Aga().txtDataEntry->setText("1");
-    Aga().txtMessage->setText("old fault");
-    Aga().cmdNormalize->click();
-    for (int k = 0; k < 3; ++k) EXPECT_EQ(s.Y21[k], 33.33333333);
-    ExpectCells("1,2=33.33333333;2,2=33.33333333;3,2=33.33333333");
-    EXPECT_EQ(Aga().txtTotalMole->text(), "99.99999999");
-    EXPECT_TRUE(Aga().txtMessage->text().isEmpty());
-    // Standardize can't always reach 100: three thirds stay short of it.
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(), "The total mole should exactly be 100%");
-
-    ShowAnalysis(kAga8Detail, {{0, 80}, {1, 40}});
-    Aga().cmdNormalize->click();
-    ExpectCells("1,2=66.66666667;2,2=33.33333333;3,2=0");
-    EXPECT_EQ(Aga().txtTotalMole->text(), "100");
-
-    Aga().cmdReset->click();
-    for (int k = 0; k < 21; ++k) EXPECT_EQ(s.Y21[k], 0.0);
-    ExpectCells("1,2=0;10,5=0");
-    EXPECT_EQ(Aga().txtTotalMole->text(), "0");
-    EXPECT_EQ(Aga().txtDataEntry->text(), "0.000");
-    Aga().txtMessage->setText("old fault");
-    Aga().cmdNormalize->click();
-    EXPECT_TRUE(Aga().txtMessage->text().isEmpty());
-    EXPECT_EQ(Cell(1, 2), "0");
-    EXPECT_EQ(Aga().TotalMole(), 0.0);
 }
 
 // Catches a grid that shows values of a fresh setup, the wrong names or places, a total not
