@@ -52,7 +52,7 @@ inline void SetByName(const QWidget& page, const std::string& entries) {
     }
 }
 
-// "name=value;...": what a box of the page shows, or the entry a list shows.
+// "name=value;...": what a box or label of the page shows, or the entry a list shows.
 inline void ExpectByName(const QWidget& page, const std::string& entries,
                          const std::string& where = std::string()) {
     for (const std::string& item : Split(entries, ';')) {
@@ -60,6 +60,7 @@ inline void ExpectByName(const QWidget& page, const std::string& entries,
         const QString name = QString::fromStdString(item.substr(0, eq));
         QString shown = QStringLiteral("<none>");
         if (auto* box = page.findChild<QLineEdit*>(name)) shown = box->text();
+        if (auto* label = page.findChild<QLabel*>(name)) shown = label->text();
         if (auto* list = page.findChild<QComboBox*>(name)) shown = list->currentText();
         EXPECT_EQ(shown.toStdString(), item.substr(eq + 1)) << where << " " << item;
     }

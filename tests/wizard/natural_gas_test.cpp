@@ -429,19 +429,14 @@ TEST_F(NaturalGasPages, PagesShowInTheMainControl) {
           "cboVolGrHvUnit", "txtH2Mole", "lblVolGrHvReference", "cmdNext"}},
     };
     for (const auto& [name, controls] : pages) {
-        if (name == "Aga")
-            main->SwitchToNaturalGasSetupAga();
-        else
-            SwitchToGross(name);
+        name == "Aga" ? main->SwitchToNaturalGasSetupAga() : SwitchToGross(name);
         QWidget* page = main->CurrentPageControl();
         QApplication::processEvents();
-        EXPECT_TRUE(page->isVisible()) << name;
-        EXPECT_EQ(page->findChild<QLabel*>("lblTitle")->text(), "NATURAL GAS SETUP");
+        ExpectShown(*page, "NATURAL GAS SETUP", controls);
         for (const char* control : controls) {
+            // Nothing is pushed off the page.
             const QWidget* w = page->findChild<QWidget*>(control);
             ASSERT_NE(w, nullptr) << name << " " << control;
-            EXPECT_TRUE(w->isVisible()) << name << " " << control;
-            // Nothing is pushed off the page.
             const QRect r(w->mapTo(page, QPoint(0, 0)), w->size());
             EXPECT_TRUE(page->rect().contains(r)) << name << " " << control;
         }

@@ -357,8 +357,7 @@ TEST_F(OperatingRangeTest, WindowShowsPageAndNamedControls) {
     Arrive(2, 6, "ETHANE", "", "Gas (DIPPR)");
     FillValid();
     ctlOperatingRangeSetup& page = Range();
-    EXPECT_EQ(page.lblOperatingRangeSetupMethod->text(), "ETHANE");
-    EXPECT_EQ(page.lblOperatingRangeCat->text(), "Gas (DIPPR)");
+    ExpectByName(page, "lblOperatingRangeSetupMethod=ETHANE;lblOperatingRangeCat=Gas (DIPPR)");
     ExpectShown(page, "FLUID OPERATING RANGE SETUP",
                 {"lblOperatingRangeSetupMethod", "lblOperatingRangeCat", "txtPress1", "txtPress2",
                  "cboPressUnit", "txtAtmPress", "cboAtmPressUnit", "txtTemp1", "txtTemp2",
