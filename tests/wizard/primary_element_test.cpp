@@ -164,17 +164,30 @@ TEST_F(PrimaryElementPage, NoSelectsTheBoxAndEndsTheValidator) {
     Fill(0, 0, "10", "mm", "2000", "mm");
     const std::string bore = BoreQuestion("12.5 mm");
     const std::string pipe = PipeQuestion("50 mm and 1000 mm");
+    // Entries changed before Next, the answers given, the questions asked, the box that then has
+    // the focus, and d and D in mm as written before the questions.
     struct Case {
+        std::string entries;
         std::vector<int> answers;
         std::vector<std::string> asked;
         QLineEdit* focus;
+        double d, D;
     };
     const Case cases[] = {
-        {{7}, {bore}, p.txtPEDiameter},
-        {{6, 7}, {bore, pipe}, p.txtPipeDiameter},
-        {{6, 6, 7}, {bore, pipe, BetaQuestion("0.005 0.2 0.75")}, p.txtPipeDiameter},
+        {"", {7}, {bore}, p.txtPEDiameter, 10, 2000},
+        {"", {6, 7}, {bore, pipe}, p.txtPipeDiameter, 10, 2000},
+        {"", {6, 6, 7}, {bore, pipe, BetaQuestion("0.005 0.2 0.75")}, p.txtPipeDiameter, 10, 2000},
+        // In inches: the bore question in inch words, then beta, whose No goes to D although d is
+        // the entry at fault.
+        {"txtPEDiameter=0.3;cboPEDiameterUnit=in;txtPipeDiameter=3;cboPipeDiameterUnit=in",
+         {6, 7},
+         {BoreQuestion("0.492 inch"), BetaQuestion("0.1 0.2 0.75")},
+         p.txtPipeDiameter,
+         7.62,
+         76.2},
     };
     for (const Case& c : cases) {
+        SetByName(p, c.entries);
         host.messages.clear();
         host.answers.assign(c.answers.begin(), c.answers.end());
         p.txtPEDiameter->deselect();
@@ -186,26 +199,9 @@ TEST_F(PrimaryElementPage, NoSelectsTheBoxAndEndsTheValidator) {
         EXPECT_TRUE(OnPage());
         EXPECT_EQ(s.UI_PEType, kNotEntered);
         EXPECT_EQ(s.UI_PEDiameter, kNotEntered);
+        EXPECT_DOUBLE_EQ(s.UI_PEDiameterStandard, c.d);
+        EXPECT_DOUBLE_EQ(s.UI_PEPipeDiameterStandard, c.D);
     }
-    EXPECT_EQ(s.UI_PEDiameterStandard, 10.0);
-    EXPECT_EQ(s.UI_PEPipeDiameterStandard, 2000.0);
-
-    // In inches: the bore question in inch words, then beta, whose No goes to D although d is
-    // the entry at fault.
-    p.txtPEDiameter->setText("0.3");
-    Choose(p.cboPEDiameterUnit, "in");
-    p.txtPipeDiameter->setText("3");
-    Choose(p.cboPipeDiameterUnit, "in");
-    host.messages.clear();
-    host.answers.assign({6, 7});
-    p.txtPipeDiameter->deselect();
-    p.cmdNext->click();
-    EXPECT_EQ(host.Texts(),
-              (std::vector<std::string>{BoreQuestion("0.492 inch"), BetaQuestion("0.1 0.2 0.75")}));
-    EXPECT_EQ(p.txtPipeDiameter->selectedText(), "3");
-    EXPECT_TRUE(p.txtPipeDiameter->hasFocus());
-    EXPECT_DOUBLE_EQ(s.UI_PEDiameterStandard, 7.62);
-    EXPECT_DOUBLE_EQ(s.UI_PEPipeDiameterStandard, 76.2);
 }
 
 // Catches coefficient boxes open outside the fixed mode, a list change that keeps their text,
