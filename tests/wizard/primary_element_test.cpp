@@ -165,7 +165,7 @@ TEST_F(PrimaryElementPage, NoSelectsTheBoxAndEndsTheValidator) {
     const std::string bore = BoreQuestion("12.5 mm");
     const std::string pipe = PipeQuestion("50 mm and 1000 mm");
     // Entries changed before Next, the answers given, the questions asked, the box that then has
-    // the focus, and d and D in mm as written before the questions.
+    // the focus, and d and D in mm as written before the question answered No.
     struct Case {
         std::string entries;
         std::vector<int> answers;
@@ -174,7 +174,7 @@ TEST_F(PrimaryElementPage, NoSelectsTheBoxAndEndsTheValidator) {
         double d, D;
     };
     const Case cases[] = {
-        {"", {7}, {bore}, p.txtPEDiameter, 10, 2000},
+        {"", {7}, {bore}, p.txtPEDiameter, 10, kNotEntered},
         {"", {6, 7}, {bore, pipe}, p.txtPipeDiameter, 10, 2000},
         {"", {6, 6, 7}, {bore, pipe, BetaQuestion("0.005 0.2 0.75")}, p.txtPipeDiameter, 10, 2000},
         // In inches: the bore question in inch words, then beta, whose No goes to D although d is
