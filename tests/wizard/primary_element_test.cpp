@@ -59,19 +59,13 @@ class PrimaryElementPage : public WizardFixture {
     // materials as a user leaves them.
     void Fill(int type, int desc, const std::string& d, const std::string& dUnit,
               const std::string& D, const std::string& DUnit) {
-        ctlPrimaryElementSetup& p = Primary();
-        p.cboType->setCurrentIndex(type);
-        p.cboDesc->setCurrentIndex(desc);
-        p.txtPEDiameter->setText(QString::fromStdString(d));
-        Choose(p.cboPEDiameterUnit, dUnit);
-        p.txtPETemp->setText("20");
-        Choose(p.cboPETempUnit, "deg C");
-        Choose(p.cboPEMaterial, "316 Stainless Steel");
-        p.txtPipeDiameter->setText(QString::fromStdString(D));
-        Choose(p.cboPipeDiameterUnit, DUnit);
-        p.txtPipeTemp->setText("20");
-        Choose(p.cboPipeTempUnit, "deg C");
-        Choose(p.cboPipeMaterial, "Carbon Steel");
+        Primary().cboType->setCurrentIndex(type);
+        Primary().cboDesc->setCurrentIndex(desc);
+        SetByName(Primary(), "txtPEDiameter=" + d + ";cboPEDiameterUnit=" + dUnit +
+                                 ";txtPipeDiameter=" + D + ";cboPipeDiameterUnit=" + DUnit);
+        SetByName(Primary(),
+                  "txtPETemp=20;cboPETempUnit=deg C;cboPEMaterial=316 Stainless Steel;"
+                  "txtPipeTemp=20;cboPipeTempUnit=deg C;cboPipeMaterial=Carbon Steel");
     }
     bool OnPage() { return main->CurrentPageControl() == &Primary(); }
 };
