@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "NaturalGasGrossPage.h"
 #include "PageTest.h"
 #include "WizardFixture.h"
@@ -392,11 +393,7 @@ TEST_F(NaturalGasPages, DetailPageStoresTheAnalysis) {
         const auto it = kGulfCoast.find(static_cast<int>(k));
         EXPECT_EQ(*moles[k], it == kGulfCoast.end() ? 0.0 : it->second) << k;
     }
-    EXPECT_EQ(s.UI_DtlTotalMole, 100.0);
-    EXPECT_EQ(s.NewAgaSetup, kFalse);
-    EXPECT_EQ(s.PageList[0], "ctlNaturalGasSetupAga");
-    EXPECT_EQ(s.PageList[1], "ctlOperatingRangeSetup");
-    EXPECT_EQ(s.CurrentPage, 1);
+    testdata::ExpectMembers(s, "tests/wizard/data/aga_detail_next_store.json");
 
     ShowAnalysis(kAga8Detail, {});
     TypeCell(1, 2, "50.000000004");
