@@ -3,8 +3,10 @@
 #include <functional>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "CodeTables.h"
 #include "ComponentTables.h"
+#include "PageTest.h"
 #include "WizardFixture.h"
 
 using namespace qdf;
@@ -22,24 +24,6 @@ std::int32_t CodeCell(const testdata::Row& r, const std::string& column) {
         if (tables.Name(i) == t) return tables.Id(i);
     ADD_FAILURE() << r.where() << ": no component " << t;
     return 0;
-}
-
-std::vector<std::string> Items(const QComboBox* box) {
-    std::vector<std::string> v;
-    for (int i = 0; i < box->count(); ++i) v.push_back(box->itemText(i).toStdString());
-    return v;
-}
-
-std::vector<std::string> Texts(const std::vector<Message>& messages) {
-    std::vector<std::string> v;
-    for (const Message& m : messages) v.push_back(m.text);
-    return v;
-}
-
-void Choose(QComboBox* box, const std::string& text) {
-    const int i = box->findText(QString::fromStdString(text));
-    ASSERT_GE(i, 0) << "no entry " << text;
-    box->setCurrentIndex(i);
 }
 
 class FluidPage : public WizardFixture {
@@ -81,9 +65,7 @@ TEST_F(FluidPage, NextRefusesInOrder) {
         step.fix();
         host.messages.clear();
         f.cmdNext->click();
-        ASSERT_EQ(Texts(host.messages), std::vector<std::string>{step.message});
-        EXPECT_EQ(host.messages[0].title, "QDF300 Flow Configuration Wizard");
-        EXPECT_EQ(host.messages[0].buttons, 2);
+        ExpectRefusals(host, {step.message});
         if (step.focus) {
             EXPECT_TRUE(step.focus->hasFocus()) << step.message;
         }
@@ -109,28 +91,28 @@ TEST_F(FluidPage, CategoriesAndNameListsByTypeAndDebugFlag) {
         Open();
         s.Mgt_DebugModeFlag = debug;
         ctlFluidSetup& f = Show();
-        EXPECT_EQ(Items(f.cboCategory), gas);
+        EXPECT_EQ(Entries(f.cboCategory), gas);
         f.optLiquid->click();
         std::vector<std::string> liquid = {"Liquid (DIPPR)", "Liquid (custom data table)"};
         if (debug == 1) liquid.insert(liquid.begin() + 1, "Pressurised Water");
-        EXPECT_EQ(Items(f.cboCategory), liquid) << "debug " << debug;
+        EXPECT_EQ(Entries(f.cboCategory), liquid) << "debug " << debug;
         EXPECT_EQ(f.cboCategory->currentIndex(), -1);
     }
 
     ctlFluidSetup& f = Fluid();
     f.optGasSteam->click();
     Choose(f.cboCategory, "Natural Gas");
-    EXPECT_EQ(Items(f.cboName),
+    EXPECT_EQ(Entries(f.cboName),
               (std::vector<std::string>{
                   "AGA8 Detail Characterization Method", "AGA8 Gross Characterization Method 1",
                   "AGA8 Gross Characterization Method 2", "ISO12213 molar-composition analysis",
                   "ISO12213 physical properties"}));
     EXPECT_EQ(f.cboName->currentIndex(), -1);
     Choose(f.cboCategory, "Steam");
-    EXPECT_EQ(Items(f.cboName),
+    EXPECT_EQ(Entries(f.cboName),
               (std::vector<std::string>{"Superheated and Saturated Steam", "Saturated steam"}));
     Choose(f.cboCategory, "Gas (DIPPR)");
-    const std::vector<std::string> components = Items(f.cboName);
+    const std::vector<std::string> components = Entries(f.cboName);
     ASSERT_EQ(static_cast<int>(components.size()), CompoundTables().Count());
     ASSERT_GT(components.size(), 20u);
     EXPECT_EQ(components[13], "METHANE");  // catalogue order
@@ -148,8 +130,6 @@ TEST_F(FluidPage, CategoriesAndNameListsByTypeAndDebugFlag) {
     EXPECT_EQ(f.cboName->count(), 0);
     EXPECT_FALSE(f.txtMethod->isHidden());
     EXPECT_FALSE(f.optGasSteam->isChecked());
-    EXPECT_EQ(f.m_Liquid, true);
-    EXPECT_EQ(f.m_GasSteam, false);
 }
 
 // Catches a stored fluid shown wrongly, a notice missing, extra or under another title.
@@ -164,17 +144,7 @@ TEST_F(FluidPage, LoadFromStoreShowsTheStoredFluid) {
         s.UI_FluidName = r.text("fluidName");
         ctlFluidSetup& f = Show();
 
-        std::vector<std::string> notices;
-        for (std::string rest = r.text("notices"); !rest.empty();) {
-            const auto bar = rest.find('|');
-            notices.push_back(rest.substr(0, bar));
-            rest = bar == std::string::npos ? std::string() : rest.substr(bar + 1);
-        }
-        EXPECT_EQ(Texts(host.messages), notices) << r.where();
-        for (const Message& m : host.messages) {
-            EXPECT_EQ(m.title, "QDF300 Information") << r.where();
-            EXPECT_EQ(m.buttons, 2) << r.where();
-        }
+        ExpectInformation(host, Split(r.text("notices"), '|'), r.where());
         EXPECT_EQ(f.optGasSteam->isChecked(), r.integer("gas") == 1) << r.where();
         EXPECT_EQ(f.optLiquid->isChecked(), r.integer("liquid") == 1) << r.where();
         EXPECT_EQ(f.cboCategory->currentText().toStdString(), r.text("categoryText")) << r.where();
@@ -240,6 +210,9 @@ TEST_F(FluidPage, NextForksByNameThenCategory) {
 // Catches ranges and tables of one custom kind carried into the other, a reset that waits for
 // Next, or a reset where the kind does not change.
 TEST_F(FluidPage, SwitchingCustomKindResetsTheStoreAtTheClick) {
+    const auto Group = [](const std::string& group, bool reset) {
+        return "tests/wizard/data/fluid_kind_" + group + (reset ? "_reset.json" : "_kept.json");
+    };
     const struct Case {
         int loadedType, loadedCat;
         const char* option;
@@ -261,53 +234,28 @@ TEST_F(FluidPage, SwitchingCustomKindResetsTheStoreAtTheClick) {
         s.UI_FluidCat = c.loadedCat;
         s.UI_FluidNameMethodCode = kNotEntered;
         s.UI_ChemID = c.loadedCat == 3 || c.loadedCat == 7 ? "Custom" : "";
-        s.UI_RangeP1 = 100;
-        s.UI_RangeP2 = 200;
-        s.UI_PressRef = 101.325;
-        s.UI_RangePUnit = 1;
-        s.UI_PressRefUnit = 2;
-        s.UI_RangeT1 = 10;
-        s.UI_RangeT2 = 90;
-        s.UI_TempRef = 15;
-        s.UI_RangeTUnit = 35;
-        s.UI_TempRefUnit = 33;
-        s.UI_IsenExpValue = 1.3;
-        s.UI_RefDensValue = 1.2;
-        s.UI_RefDensValueStandard = 1.2;
-        s.UI_Dens[0] = 800;
-        s.UI_Dens[256] = 801;
-        s.UI_DensStandard[5] = 802;
-        s.UI_Visc[31] = 0.001;
-        s.UI_ViscStandard[0] = 0.002;
+        for (const char* group : {"pressures", "temperatures", "properties"})
+            testdata::ApplyMembers(s, Group(group, false));
+        // Table cells at both ends of the arrays.
+        double* const cells[] = {&s.UI_Dens[0], &s.UI_Dens[256], &s.UI_DensStandard[5],
+                                 &s.UI_Visc[31], &s.UI_ViscStandard[0]};
+        const double values[] = {800, 801, 802, 0.001, 0.002};
+        for (int i = 0; i < 5; ++i) *cells[i] = values[i];
         ctlFluidSetup& f = Show();
         f.findChild<QRadioButton*>(c.option)->click();
         Choose(f.cboCategory, c.category);
 
-        const auto entered = [](bool reset, double value) { return reset ? kNotEntered : value; };
-        EXPECT_EQ(s.UI_RangeP1, entered(c.pressuresReset, 100));
-        EXPECT_EQ(s.UI_RangeP2, entered(c.pressuresReset, 200));
-        EXPECT_EQ(s.UI_PressRef, entered(c.pressuresReset, 101.325));
-        EXPECT_EQ(s.UI_RangePUnit, c.pressuresReset ? 0 : 1);
-        EXPECT_EQ(s.UI_PressRefUnit, c.pressuresReset ? 0 : 2);
-        EXPECT_EQ(s.UI_RangeT1, entered(c.temperaturesReset, 10));
-        EXPECT_EQ(s.UI_RangeT2, entered(c.temperaturesReset, 90));
-        EXPECT_EQ(s.UI_TempRef, entered(c.temperaturesReset, 15));
-        EXPECT_EQ(s.UI_RangeTUnit, c.temperaturesReset ? 32 : 35);
-        EXPECT_EQ(s.UI_TempRefUnit, c.temperaturesReset ? 32 : 33);
-        EXPECT_EQ(s.UI_IsenExpValue, entered(c.propertiesReset, 1.3));
-        EXPECT_EQ(s.UI_RefDensValue, entered(c.propertiesReset, 1.2));
-        EXPECT_EQ(s.UI_RefDensValueStandard, entered(c.propertiesReset, 1.2));
-        EXPECT_EQ(s.UI_Dens[0], c.propertiesReset ? 0.0 : 800);
-        EXPECT_EQ(s.UI_Dens[256], c.propertiesReset ? 0.0 : 801);
-        EXPECT_EQ(s.UI_DensStandard[5], c.propertiesReset ? 0.0 : 802);
-        EXPECT_EQ(s.UI_Visc[31], c.propertiesReset ? 0.0 : 0.001);
-        EXPECT_EQ(s.UI_ViscStandard[0], c.propertiesReset ? 0.0 : 0.002);
+        const std::pair<const char*, bool> groups[] = {{"pressures", c.pressuresReset},
+                                                       {"temperatures", c.temperaturesReset},
+                                                       {"properties", c.propertiesReset}};
+        for (const auto& [group, reset] : groups) testdata::ExpectMembers(s, Group(group, reset));
+        for (int i = 0; i < 5; ++i) EXPECT_EQ(*cells[i], c.propertiesReset ? 0.0 : values[i]) << i;
 
         // Back after the click keeps the reset and stores nothing of the page.
         f.cmdBack->click();
         EXPECT_EQ(InView(), "ctlPrimaryElementSetup1");
         EXPECT_EQ(s.UI_FluidCat, c.loadedCat);
-        EXPECT_EQ(s.UI_RangeT1, entered(c.temperaturesReset, 10));
+        testdata::ExpectMembers(s, Group("temperatures", c.temperaturesReset));
     }
 }
 
@@ -316,17 +264,9 @@ TEST_F(FluidPage, WindowShowsTitleAndControls) {
     Open();
     main->show();
     ctlFluidSetup& f = Show();
-    ASSERT_TRUE(f.isVisible());
-    const auto* title = f.findChild<QLabel*>("lblTitle");
-    ASSERT_NE(title, nullptr);
-    EXPECT_TRUE(title->isVisible());
-    EXPECT_EQ(title->text(), "FLUID TYPE SETUP");
-    for (const char* name : {"optGasSteam", "optLiquid", "cboCategory", "cboName", "cmdNext",
-                             "cmdBack", "cmdCancel", "lblFluidType"}) {
-        const auto* w = f.findChild<QWidget*>(name);
-        ASSERT_NE(w, nullptr) << name;
-        EXPECT_TRUE(w->isVisible()) << name;
-    }
+    ExpectShown(f, "FLUID TYPE SETUP",
+                {"optGasSteam", "optLiquid", "cboCategory", "cboName", "cmdNext", "cmdBack",
+                 "cmdCancel", "lblFluidType"});
     EXPECT_FALSE(f.txtMethod->isVisible());
     Choose(f.cboCategory, "Gas (custom data table)");
     EXPECT_TRUE(f.txtMethod->isVisible());

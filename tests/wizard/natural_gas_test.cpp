@@ -7,7 +7,9 @@
 #include <sstream>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "NaturalGasGrossPage.h"
+#include "PageTest.h"
 #include "WizardFixture.h"
 #include "ctlNaturalGasSetupAga.h"
 #include "ctlNaturalGasSetupGross1.h"
@@ -19,7 +21,6 @@ using namespace qdf::test;
 
 namespace {
 
-const char* kWizardTitle = "QDF300 Flow Configuration Wizard";
 const char* kAga8Detail = "AGA8 Detail Characterization Method";
 const char* kIsoMolar = "ISO12213 molar-composition analysis";
 
@@ -62,11 +63,27 @@ class NaturalGasPages : public WizardFixture {
         main->SwitchToNaturalGasSetupAga();
     }
     QString Cell(int row, int column) { return Aga().FlexDensity->item(row, column)->text(); }
+    // "row,column=text;...": what the grid's cells show.
+    void ExpectCells(const std::string& cells, const std::string& where = std::string()) {
+        for (const std::string& item : Split(cells, ';')) {
+            int row = 0, column = 0;
+            char comma = 0;
+            std::istringstream(item) >> row >> comma >> column;
+            EXPECT_EQ(Cell(row, column).toStdString(), item.substr(item.find('=') + 1))
+                << where << " " << item;
+        }
+    }
     // Types into a value cell through the floating edit box and leaves it.
     void TypeCell(int row, int column, const QString& text) {
         Aga().EditCell(row, column);
         Aga().txtDataEntry->setText(text);
         Aga().CommitEdit();
+    }
+    // The edit box stands over that cell.
+    bool EditsAt(int row, int column) {
+        return Aga().txtDataEntry->isVisible() &&
+               Aga().txtDataEntry->geometry() ==
+                   Aga().FlexDensity->visualItemRect(Aga().FlexDensity->item(row, column));
     }
     // Component k sits in the first group's rows 1 to 11, then in the second group's.
     void TypeComponent(int k, const QString& text) {
@@ -88,15 +105,7 @@ TEST_F(NaturalGasPages, GrossAndIsoPagesRefuseInOrder) {
             for (QLineEdit* box : page.findChildren<QLineEdit*>()) box->clear();
             if (page.cboVolGrHvUnit) page.cboVolGrHvUnit->setCurrentIndex(-1);
         }
-        if (r.has("control")) {
-            QWidget* w = page.findChild<QWidget*>(r.text("control").c_str());
-            ASSERT_NE(w, nullptr) << r.where();
-            if (auto* box = qobject_cast<QLineEdit*>(w)) box->setText(r.text("text").c_str());
-            if (auto* list = qobject_cast<QComboBox*>(w)) {
-                list->setCurrentIndex(list->findText(r.text("text").c_str()));
-                ASSERT_GE(list->currentIndex(), 0) << r.where();
-            }
-        }
+        if (r.has("control")) SetByName(page, r.text("control") + "=" + r.text("text"));
         host.messages.clear();
         page.cmdNext->click();
         if (!r.has("message")) {
@@ -104,11 +113,7 @@ TEST_F(NaturalGasPages, GrossAndIsoPagesRefuseInOrder) {
             EXPECT_EQ(PageInView(), "ctlOperatingRangeSetup1") << r.where();
             continue;
         }
-        ASSERT_EQ(host.Texts(), std::vector<std::string>{r.text("message")}) << r.where();
-        EXPECT_EQ(host.messages[0].title, kWizardTitle);
-        EXPECT_EQ(host.messages[0].kind, 2);
-        EXPECT_EQ(host.messages[0].buttons, 2);
-        EXPECT_EQ(host.messages[0].def, 4);
+        ExpectRefusals(host, {r.text("message")}, r.where());
         const QWidget* focus = page.findChild<QWidget*>(r.text("focus").c_str());
         EXPECT_TRUE(focus && focus->hasFocus()) << r.where();
         if (auto* box = qobject_cast<const QLineEdit*>(focus)) {
@@ -176,21 +181,18 @@ TEST_F(NaturalGasPages, HeatingValueUnitsFollowLocation) {
             NaturalGasGrossPage& page = Gross(name);
             EXPECT_EQ(page.txtRealGasDens->text(), "0.6");
             EXPECT_EQ(page.txtH2Mole->text(), "0");
-            QStringList entries;
-            for (int i = 0; i < page.cboVolGrHvUnit->count(); ++i)
-                entries << page.cboVolGrHvUnit->itemText(i);
             host.messages.clear();
             if (location == "Japan") {
-                EXPECT_EQ(entries, QStringList{"MJ/m3"});
+                EXPECT_EQ(Entries(page.cboVolGrHvUnit), std::vector<std::string>{"MJ/m3"});
                 EXPECT_EQ(page.cboVolGrHvUnit->currentIndex(), -1);
                 // No unit, no range test: 1000 is refused only for the missing unit.
                 page.cmdNext->click();
-                EXPECT_EQ(host.Texts(),
-                          std::vector<std::string>{
-                              "Please make a selection of volumetric gross heating value unit"});
+                ExpectRefusals(host,
+                               {"Please make a selection of volumetric gross heating value unit"});
                 EXPECT_TRUE(page.cboVolGrHvUnit->hasFocus());
             } else {
-                EXPECT_EQ(entries, (QStringList{"MJ/m3", "BTU/ft3"}));
+                EXPECT_EQ(Entries(page.cboVolGrHvUnit),
+                          (std::vector<std::string>{"MJ/m3", "BTU/ft3"}));
                 EXPECT_EQ(page.cboVolGrHvUnit->currentText(), "BTU/ft3");
             }
         }
@@ -254,40 +256,43 @@ TEST_F(NaturalGasPages, DetailPageRangeAndSumTexts) {
     }
 }
 
-// Catches a total compared after rounding, the messages of the total swapped, a negative
-// total refused, or a fault text that outlives Standardize.
-TEST_F(NaturalGasPages, DetailPageTotalMustBeExactlyHundred) {
+// Catches a total compared after rounding, the messages of the total swapped, a negative total
+// refused, scaling that skips the cell under edit, rounds by the wrong pattern or leaves the
+// total unsummed, and a fault text that outlives Standardize or Reset.
+TEST_F(NaturalGasPages, DetailPageTotalStandardizeAndReset) {
     Open();
-    ShowAnalysis(kAga8Detail, {});
-    TypeCell(1, 2, "50");
-    TypeCell(2, 2, "50.00000001");
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(),
-              "The total mole value shouldn't exceed 100%. Current total mole is 100.00000001");
-    TypeCell(2, 2, "49.99999999");
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(), "The total mole should exactly be 100%");
-    Aga().cmdReset->click();
-    EXPECT_TRUE(Aga().txtMessage->text().isEmpty());
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(), "The total mole should exactly be 100%");
-
-    // The running sum of the published Gulf Coast analysis lands a bit above 100 in this order.
-    ShowAnalysis(kAga8Detail, {});
-    for (const auto& [k, v] : kGulfCoast)
-        TypeComponent(k, QString::number(k == 1 ? 0.2595 : k == 2 ? 0.5956 : v, 'g', 10));
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(),
-              "The total mole value shouldn't exceed 100%. Current total mole is 100");
-    EXPECT_EQ(PageInView(), "ctlNaturalGasSetupAga1");
-
-    // A negative running total skips the tests and stores.
-    ShowAnalysis(kAga8Detail, {{0, -5}});
-    Aga().cmdNext->click();
-    EXPECT_TRUE(Aga().txtMessage->text().isEmpty());
-    EXPECT_EQ(PageInView(), "ctlOperatingRangeSetup1");
-    EXPECT_EQ(s.UI_DtlTotalMole, -5.0);
-    EXPECT_TRUE(host.messages.empty());
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/aga_detail_steps.csv")) {
+        const std::string step = r.text("step");
+        int row = 0, column = 0;
+        char comma = 0;
+        std::istringstream(r.text("cell")) >> row >> comma >> column;
+        std::map<int, double> analysis;
+        if (step == "show" || step == "typeall")
+            for (const std::string& item : Split(r.text("text"), ';'))
+                analysis[std::stoi(item)] = std::stod(item.substr(item.find('=') + 1));
+        if (step == "show") ShowAnalysis(kAga8Detail, analysis);
+        if (step == "typeall")
+            for (const auto& [k, v] : analysis) TypeComponent(k, QString::number(v, 'g', 10));
+        if (step == "type") TypeCell(row, column, r.text("text").c_str());
+        if (step == "edit") {
+            Aga().EditCell(row, column);
+            Aga().txtDataEntry->setText(r.text("text").c_str());
+        }
+        if (step == "fault") Aga().txtMessage->setText(r.text("text").c_str());
+        if (step == "next") Aga().cmdNext->click();
+        if (step == "normalize") Aga().cmdNormalize->click();
+        if (step == "reset") Aga().cmdReset->click();
+        ExpectByName(Aga(), r.text("expect"), r.where());
+        ExpectCells(r.text("cells"), r.where());
+        for (const std::string& item : Split(r.text("y21"), ';'))
+            EXPECT_EQ(s.Y21[std::stoul(item)], std::stod(item.substr(item.find('=') + 1)))
+                << r.where() << " " << item;
+        EXPECT_EQ(r.has("view") ? PageInView() : "", r.text("view")) << r.where();
+        if (r.has("stored")) {
+            EXPECT_EQ(s.UI_DtlTotalMole, r.num("stored")) << r.where();
+        }
+        EXPECT_TRUE(host.messages.empty()) << r.where();
+    }
 }
 
 // Catches the commit rules: the rounding that depends on the old value, an empty cell not
@@ -334,60 +339,17 @@ TEST_F(NaturalGasPages, DetailGridKeysAndEnter) {
     QTest::keyClick(Aga().txtDataEntry, Qt::Key_Return);
     EXPECT_EQ(s.Y21[10], 1.25);
     // Past the first group's last row the edit goes on at the top of the second group...
-    EXPECT_TRUE(Aga().txtDataEntry->isVisible());
-    EXPECT_EQ(Aga().txtDataEntry->geometry(),
-              Aga().FlexDensity->visualItemRect(Aga().FlexDensity->item(1, 5)));
+    EXPECT_TRUE(EditsAt(1, 5));
     QTest::keyClick(Aga().txtDataEntry, Qt::Key_1);
     QTest::keyClick(Aga().txtDataEntry, Qt::Key_Enter);
     EXPECT_EQ(s.Y21[11], 1.0);
-    EXPECT_EQ(Aga().txtDataEntry->geometry(),
-              Aga().FlexDensity->visualItemRect(Aga().FlexDensity->item(2, 5)));
+    EXPECT_TRUE(EditsAt(2, 5));
     // ...and past the second group's last value back at the top.
     Aga().EditCell(10, 5);
     QTest::keyClick(Aga().txtDataEntry, Qt::Key_Return);
-    EXPECT_EQ(Aga().txtDataEntry->geometry(),
-              Aga().FlexDensity->visualItemRect(Aga().FlexDensity->item(1, 2)));
+    EXPECT_TRUE(EditsAt(1, 2));
     Aga().CommitEdit();
     EXPECT_EQ(Aga().txtTotalMole->text(), "2.25");
-}
-
-// Catches scaling that skips the cell under edit, rounds by the wrong pattern, leaves the
-// total unsummed, or acts on an empty analysis.
-TEST_F(NaturalGasPages, DetailStandardizeAndReset) {
-    Open();
-    ShowAnalysis(kAga8Detail, {{0, 1}, {1, 1}});
-    Aga().EditCell(3, 2);
-    Aga().txtDataEntry->setText("1");
-    Aga().txtMessage->setText("old fault");
-    Aga().cmdNormalize->click();
-    for (int k = 0; k < 3; ++k) {
-        EXPECT_EQ(s.Y21[k], 33.33333333);
-        EXPECT_EQ(Cell(k + 1, 2), "33.33333333");
-    }
-    EXPECT_EQ(Aga().txtTotalMole->text(), "99.99999999");
-    EXPECT_TRUE(Aga().txtMessage->text().isEmpty());
-    // Standardize can't always reach 100: three thirds stay short of it.
-    Aga().cmdNext->click();
-    EXPECT_EQ(Aga().txtMessage->text(), "The total mole should exactly be 100%");
-
-    ShowAnalysis(kAga8Detail, {{0, 80}, {1, 40}});
-    Aga().cmdNormalize->click();
-    EXPECT_EQ(Cell(1, 2), "66.66666667");
-    EXPECT_EQ(Cell(2, 2), "33.33333333");
-    EXPECT_EQ(Cell(3, 2), "0");
-    EXPECT_EQ(Aga().txtTotalMole->text(), "100");
-
-    Aga().cmdReset->click();
-    for (int k = 0; k < 21; ++k) EXPECT_EQ(s.Y21[k], 0.0);
-    EXPECT_EQ(Cell(1, 2), "0");
-    EXPECT_EQ(Cell(10, 5), "0");
-    EXPECT_EQ(Aga().txtTotalMole->text(), "0");
-    EXPECT_EQ(Aga().txtDataEntry->text(), "0.000");
-    Aga().txtMessage->setText("old fault");
-    Aga().cmdNormalize->click();
-    EXPECT_TRUE(Aga().txtMessage->text().isEmpty());
-    EXPECT_EQ(Cell(1, 2), "0");
-    EXPECT_EQ(Aga().TotalMole(), 0.0);
 }
 
 // Catches a grid that shows values of a fresh setup, the wrong names or places, a total not
@@ -401,24 +363,15 @@ TEST_F(NaturalGasPages, DetailPageLoadsTheStore) {
     s.NewAgaSetup = kTrue;
     main->SwitchToNaturalGasSetupAga();
     EXPECT_EQ(Aga().lblAgaDetail->text(), kIsoMolar);
-    EXPECT_EQ(Cell(0, 0), "No");
-    EXPECT_EQ(Cell(0, 4), "Component");
-    EXPECT_EQ(Cell(0, 5), "Mole (%)");
-    EXPECT_EQ(Cell(6, 1), "Water (H20)");
-    EXPECT_EQ(Cell(11, 1), "Iso Butane (C4H10)");
-    EXPECT_EQ(Cell(1, 4), "n-Butane (C4H10)");
-    EXPECT_EQ(Cell(10, 4), "Argon (Ar)");
-    EXPECT_EQ(Cell(11, 4), "");
-    EXPECT_EQ(Cell(1, 2), "");
+    ExpectCells(
+        "0,0=No;0,4=Component;0,5=Mole (%);6,1=Water (H20);11,1=Iso Butane (C4H10);"
+        "1,4=n-Butane (C4H10);10,4=Argon (Ar);11,4=;1,2=");
     EXPECT_EQ(Aga().txtTotalMole->text(), "16.9234568");
     EXPECT_EQ(Aga().TotalMole(), 16.9234568);
 
     s.NewAgaSetup = kFalse;
     main->SwitchToNaturalGasSetupAga();
-    EXPECT_EQ(Cell(1, 2), "7.12345679");
-    EXPECT_EQ(Cell(1, 5), "5");
-    EXPECT_EQ(Cell(10, 5), "4.8");
-    EXPECT_EQ(Cell(2, 2), "0");
+    ExpectCells("1,2=7.12345679;1,5=5;10,5=4.8;2,2=0");
     EXPECT_FALSE(Aga().txtDataEntry->isVisible());
 }
 
@@ -440,11 +393,7 @@ TEST_F(NaturalGasPages, DetailPageStoresTheAnalysis) {
         const auto it = kGulfCoast.find(static_cast<int>(k));
         EXPECT_EQ(*moles[k], it == kGulfCoast.end() ? 0.0 : it->second) << k;
     }
-    EXPECT_EQ(s.UI_DtlTotalMole, 100.0);
-    EXPECT_EQ(s.NewAgaSetup, kFalse);
-    EXPECT_EQ(s.PageList[0], "ctlNaturalGasSetupAga");
-    EXPECT_EQ(s.PageList[1], "ctlOperatingRangeSetup");
-    EXPECT_EQ(s.CurrentPage, 1);
+    testdata::ExpectMembers(s, "tests/wizard/data/aga_detail_next_store.json");
 
     ShowAnalysis(kAga8Detail, {});
     TypeCell(1, 2, "50.000000004");
@@ -479,19 +428,14 @@ TEST_F(NaturalGasPages, PagesShowInTheMainControl) {
           "cboVolGrHvUnit", "txtH2Mole", "lblVolGrHvReference", "cmdNext"}},
     };
     for (const auto& [name, controls] : pages) {
-        if (name == "Aga")
-            main->SwitchToNaturalGasSetupAga();
-        else
-            SwitchToGross(name);
+        name == "Aga" ? main->SwitchToNaturalGasSetupAga() : SwitchToGross(name);
         QWidget* page = main->CurrentPageControl();
         QApplication::processEvents();
-        EXPECT_TRUE(page->isVisible()) << name;
-        EXPECT_EQ(page->findChild<QLabel*>("lblTitle")->text(), "NATURAL GAS SETUP");
+        ExpectShown(*page, "NATURAL GAS SETUP", controls);
         for (const char* control : controls) {
+            // Nothing is pushed off the page.
             const QWidget* w = page->findChild<QWidget*>(control);
             ASSERT_NE(w, nullptr) << name << " " << control;
-            EXPECT_TRUE(w->isVisible()) << name << " " << control;
-            // Nothing is pushed off the page.
             const QRect r(w->mapTo(page, QPoint(0, 0)), w->size());
             EXPECT_TRUE(page->rect().contains(r)) << name << " " << control;
         }

@@ -5,6 +5,7 @@
 #include "../common/DataTable.h"
 #include "CodeTables.h"
 #include "ComponentTables.h"
+#include "PageTest.h"
 #include "WizardFixture.h"
 #include "ctlFluidSetup.h"
 #include "ctlNaturalGasSetupAga.h"
@@ -19,7 +20,6 @@ using namespace qdf::test;
 
 namespace {
 
-const char* kWizardTitle = "QDF300 Flow Configuration Wizard";
 const auto kNotice = std::make_tuple(2, 2, 4);
 const auto kQuestion = std::make_tuple(3, 5, 7);
 
@@ -57,21 +57,7 @@ class OperatingRangeTest : public WizardFixture {
         s.PageList[1] = "ctlOperatingRangeSetup";
         main->SwitchToOperatingRangeSetup();
     }
-    // "name=value;...": a box gets the text, a list the entry of that text.
-    void Set(const std::string& entries) {
-        std::istringstream in(entries);
-        for (std::string item; std::getline(in, item, ';');) {
-            const auto eq = item.find('=');
-            const QString name = QString::fromStdString(item.substr(0, eq));
-            const QString value = QString::fromStdString(item.substr(eq + 1));
-            if (auto* box = Range().findChild<QLineEdit*>(name))
-                box->setText(value);
-            else if (auto* list = Range().findChild<QComboBox*>(name))
-                list->setCurrentIndex(list->findText(value));
-            else
-                ADD_FAILURE() << item;
-        }
-    }
+    void Set(const std::string& entries) { SetByName(Range(), entries); }
     // Passes every method's limits.
     void FillValid() {
         Set("txtPress1=500;txtPress2=2000;cboPressUnit=kPa abs;txtAtmPress=101.325;"
@@ -91,12 +77,6 @@ class OperatingRangeTest : public WizardFixture {
     }
 };
 
-std::vector<std::string> ListTexts(const QComboBox* list) {
-    std::vector<std::string> texts;
-    for (int i = 0; i < list->count(); ++i) texts.push_back(list->itemText(i).toStdString());
-    return texts;
-}
-
 }  // namespace
 
 // Catches a validator step out of order, a wrong text, focus or selection, or a refusal that
@@ -110,10 +90,7 @@ TEST_F(OperatingRangeTest, RefusesInOrder) {
          testdata::Load("tests/wizard/data/operating_range_refusals.csv")) {
         if (r.has("control")) Set(r.text("control") + "=" + r.text("text"));
         Next();
-        ASSERT_EQ(host.messages.size(), 1u) << r.where();
-        EXPECT_EQ(host.messages[0].text, r.text("message")) << r.where();
-        EXPECT_EQ(host.messages[0].title, kWizardTitle);
-        EXPECT_EQ(Style(host.messages[0]), kNotice) << r.where();
+        ExpectRefusals(host, {r.text("message")}, r.where());
         QLineEdit* focus = Box(r.text("focus"));
         EXPECT_TRUE(focus->hasFocus()) << r.where();
         if (r.has("selected")) {
@@ -222,11 +199,11 @@ TEST_F(OperatingRangeTest, JapanListsOfferNoPsiNorDegF) {
     s.UI_TempRefUnit = 35;
     Arrive(2, 6, "ETHANE");
     ctlOperatingRangeSetup& p = Range();
-    EXPECT_EQ(ListTexts(p.cboPressUnit), (Texts{"kPa abs", "bar abs", "kPa gauge", "bar gauge"}));
+    EXPECT_EQ(Entries(p.cboPressUnit), (Texts{"kPa abs", "bar abs", "kPa gauge", "bar gauge"}));
     for (const QComboBox* list : {p.cboAtmPressUnit, p.cboPressRefUnit})
-        EXPECT_EQ(ListTexts(list), (Texts{"kPa abs", "bar abs"}));
+        EXPECT_EQ(Entries(list), (Texts{"kPa abs", "bar abs"}));
     for (const QComboBox* list : {p.cboTempUnit, p.cboTempRefUnit})
-        EXPECT_EQ(ListTexts(list), (Texts{"deg C", "Kelvin"}));
+        EXPECT_EQ(Entries(list), (Texts{"deg C", "Kelvin"}));
     EXPECT_EQ(p.cboPressUnit->currentIndex(), -1);
     EXPECT_EQ(p.cboAtmPressUnit->currentText(), "bar abs");
     EXPECT_EQ(p.cboTempUnit->currentIndex(), -1);
@@ -240,12 +217,9 @@ TEST_F(OperatingRangeTest, GaugeReferencePressureClearedOnLoad) {
     s.UI_PressRefUnit = 4;
     host.messages.clear();
     Arrive(2, 6, "ETHANE");
-    ASSERT_EQ(host.messages.size(), 1u);
-    EXPECT_EQ(host.messages[0].text,
-              "\nThe reference pressure must be entered as the absolute pressure.\nPlease reenter "
-              "the absolute pressure equivalent to the following gauge pressure.\n\nReference "
-              "pressure : 1.5 bar gauge");
-    EXPECT_EQ(Style(host.messages[0]), kNotice);
+    ExpectRefusals(host, {"\nThe reference pressure must be entered as the absolute pressure.\n"
+                          "Please reenter the absolute pressure equivalent to the following "
+                          "gauge pressure.\n\nReference pressure : 1.5 bar gauge"});
     EXPECT_EQ(Range().txtPressRef->text(), "");
     EXPECT_EQ(Range().cboPressRefUnit->currentText(), "kPa abs");
 }
@@ -258,11 +232,8 @@ TEST_F(OperatingRangeTest, CalculationOutcomes) {
     FillValid();
     s.Mgt_GasDensTempDiv = 1;  // a division count that the grids cannot use
     Next();
-    ASSERT_EQ(host.messages.size(), 1u);
-    EXPECT_EQ(host.messages[0].text,
-              "There exists calculation error with the given input of pressure and temperature. "
-              "Please fill out another value");
-    EXPECT_EQ(host.messages[0].title, "QDF300 Information");
+    ExpectInformation(host, {"There exists calculation error with the given input of pressure "
+                             "and temperature. Please fill out another value"});
     EXPECT_TRUE(OnRangePage());
     EXPECT_EQ(s.UI_RangeP1, 500.0);  // stored before the calculation
 
@@ -279,10 +250,8 @@ TEST_F(OperatingRangeTest, CalculationOutcomes) {
     Arrive(2, 5, "Superheated and Saturated Steam", "", "Steam");
     FillValid();
     Next();
-    ASSERT_EQ(host.messages.size(), 1u);
-    EXPECT_EQ(host.messages[0].text,
-              "The specified operating condition includes both gas and liquid phases");
-    EXPECT_EQ(host.messages[0].title, "QDF300 Information");
+    ExpectInformation(host,
+                      {"The specified operating condition includes both gas and liquid phases"});
     EXPECT_TRUE(OnPhysicalPage());
     EXPECT_EQ(std::make_pair(s.Gbl_ErrorCode, s.Gbl_ErrorSubCode),
               std::make_pair(kNotEntered, kNotEntered));
@@ -388,19 +357,11 @@ TEST_F(OperatingRangeTest, WindowShowsPageAndNamedControls) {
     Arrive(2, 6, "ETHANE", "", "Gas (DIPPR)");
     FillValid();
     ctlOperatingRangeSetup& page = Range();
-    const auto* title = page.findChild<QLabel*>("lblTitle");
-    ASSERT_NE(title, nullptr);
-    EXPECT_EQ(title->text(), "FLUID OPERATING RANGE SETUP");
-    EXPECT_TRUE(title->isVisible());
-    EXPECT_EQ(page.lblOperatingRangeSetupMethod->text(), "ETHANE");
-    EXPECT_EQ(page.lblOperatingRangeCat->text(), "Gas (DIPPR)");
-    for (const char* name :
-         {"lblOperatingRangeSetupMethod", "lblOperatingRangeCat", "txtPress1", "txtPress2",
-          "cboPressUnit", "txtAtmPress", "cboAtmPressUnit", "txtTemp1", "txtTemp2", "cboTempUnit",
-          "txtPressRef", "cboPressRefUnit", "txtTempRef", "cboTempRefUnit", "cmdNext", "cmdBack",
-          "cmdCancel", "lblOperatingRange"}) {
-        const QWidget* w = page.findChild<QWidget*>(name);
-        EXPECT_TRUE(w && w->isVisible()) << name;
-    }
+    ExpectByName(page, "lblOperatingRangeSetupMethod=ETHANE;lblOperatingRangeCat=Gas (DIPPR)");
+    ExpectShown(page, "FLUID OPERATING RANGE SETUP",
+                {"lblOperatingRangeSetupMethod", "lblOperatingRangeCat", "txtPress1", "txtPress2",
+                 "cboPressUnit", "txtAtmPress", "cboAtmPressUnit", "txtTemp1", "txtTemp2",
+                 "cboTempUnit", "txtPressRef", "cboPressRefUnit", "txtTempRef", "cboTempRefUnit",
+                 "cmdNext", "cmdBack", "cmdCancel", "lblOperatingRange"});
     if (const char* shot = std::getenv("QDF_SCREENSHOT")) main->grab().save(shot);
 }

@@ -4,8 +4,10 @@
 #include <sstream>
 
 #include "../common/DataTable.h"
+#include "../common/StoreMembers.h"
 #include "ModUnit.h"
 #include "PageSupport.h"
+#include "PageTest.h"
 #include "WizardFixture.h"
 #include "ctlFluidSetup.h"
 
@@ -14,7 +16,6 @@ using namespace qdf::test;
 
 namespace {
 
-const char* kWizardTitle = "QDF300 Flow Configuration Wizard";
 const char* kCode18 =
     "Classical Venturi tube with a machined convergent section    [ISO5167-1 1991/ ISO5167-4 2003]";
 
@@ -39,20 +40,8 @@ std::string BetaQuestion(const std::string& triple) {
            low + " and " + high + ". Do you still want to use this value?";
 }
 
-void Choose(QComboBox* box, const std::string& text) {
-    const int i = box->findText(QString::fromStdString(text));
-    ASSERT_GE(i, 0) << text;
-    box->setCurrentIndex(i);
-}
-
 bool Editable(const QLineEdit* box) {
     return box->isEnabled() && !box->isReadOnly();
-}
-
-std::vector<std::string> Entries(const QComboBox* box) {
-    std::vector<std::string> texts;
-    for (int i = 0; i < box->count(); ++i) texts.push_back(box->itemText(i).toStdString());
-    return texts;
 }
 
 class PrimaryElementPage : public WizardFixture {
@@ -70,19 +59,13 @@ class PrimaryElementPage : public WizardFixture {
     // materials as a user leaves them.
     void Fill(int type, int desc, const std::string& d, const std::string& dUnit,
               const std::string& D, const std::string& DUnit) {
-        ctlPrimaryElementSetup& p = Primary();
-        p.cboType->setCurrentIndex(type);
-        p.cboDesc->setCurrentIndex(desc);
-        p.txtPEDiameter->setText(QString::fromStdString(d));
-        Choose(p.cboPEDiameterUnit, dUnit);
-        p.txtPETemp->setText("20");
-        Choose(p.cboPETempUnit, "deg C");
-        Choose(p.cboPEMaterial, "316 Stainless Steel");
-        p.txtPipeDiameter->setText(QString::fromStdString(D));
-        Choose(p.cboPipeDiameterUnit, DUnit);
-        p.txtPipeTemp->setText("20");
-        Choose(p.cboPipeTempUnit, "deg C");
-        Choose(p.cboPipeMaterial, "Carbon Steel");
+        Primary().cboType->setCurrentIndex(type);
+        Primary().cboDesc->setCurrentIndex(desc);
+        SetByName(Primary(), "txtPEDiameter=" + d + ";cboPEDiameterUnit=" + dUnit +
+                                 ";txtPipeDiameter=" + D + ";cboPipeDiameterUnit=" + DUnit);
+        SetByName(Primary(),
+                  "txtPETemp=20;cboPETempUnit=deg C;cboPEMaterial=316 Stainless Steel;"
+                  "txtPipeTemp=20;cboPipeTempUnit=deg C;cboPipeMaterial=Carbon Steel");
     }
     bool OnPage() { return main->CurrentPageControl() == &Primary(); }
 };
@@ -111,11 +94,7 @@ TEST_F(PrimaryElementPage, RefusesInOrderWithTheFixedModeOnTheWay) {
         if (auto* list = qobject_cast<QComboBox*>(w)) list->setCurrentIndex(r.integer("text"));
         host.messages.clear();
         p.cmdNext->click();
-        ASSERT_EQ(host.Texts(), std::vector<std::string>{r.text("message")}) << r.where();
-        EXPECT_EQ(host.messages[0].title, kWizardTitle);
-        EXPECT_EQ(host.messages[0].kind, 2);
-        EXPECT_EQ(host.messages[0].buttons, 2);
-        EXPECT_EQ(host.messages[0].def, 4);
+        ExpectRefusals(host, {r.text("message")}, r.where());
         const QWidget* focus = p.findChild<QWidget*>(r.text("focus").c_str());
         EXPECT_TRUE(focus && focus->hasFocus()) << r.where();
         EXPECT_TRUE(OnPage()) << r.where();
@@ -140,27 +119,7 @@ TEST_F(PrimaryElementPage, RefusesInOrderWithTheFixedModeOnTheWay) {
     p.cmdNext->click();
     EXPECT_TRUE(host.messages.empty());
     EXPECT_EQ(main->CurrentPageControl(), main->ctlFluidSetup1);
-    EXPECT_EQ(s.UI_PEType, 3);
-    EXPECT_EQ(s.UI_PEName, "Fixed mode");
-    EXPECT_EQ(s.UI_PEPrimaryDeviceCode, 1);
-    EXPECT_EQ(s.UI_PESubCodeName, "");
-    EXPECT_EQ(s.UI_PEDisCoeff, 0.61);
-    EXPECT_EQ(s.UI_PEGasExpFac, 0.98);
-    EXPECT_EQ(s.UI_PEDiameter, 2.0);
-    EXPECT_EQ(s.UI_PEDiameterUnit, 47);
-    EXPECT_EQ(s.UI_PETemp, 68.0);
-    EXPECT_EQ(s.UI_PETempUnit, 33);
-    EXPECT_EQ(s.UI_PEMaterial, "Monel");
-    EXPECT_EQ(s.UI_PEPipeDiameter, 0.0);
-    EXPECT_EQ(s.UI_PEPipeDiameterUnit, 49);
-    EXPECT_EQ(s.UI_PipeTemperature, 300.0);
-    EXPECT_EQ(s.UI_PipeTemperatureUnit, 35);
-    EXPECT_EQ(s.UI_PipeMaterial, "Hastelloy C");
-    EXPECT_EQ(s.UI_PEPipeTempStandard, 300.0);
-    // Back on the Fluid page returns here through the stack.
-    EXPECT_EQ(s.CurrentPage, 1);
-    EXPECT_EQ(s.PageList[0], "ctlPrimaryElementSetup");
-    EXPECT_EQ(s.PageList[1], "ctlFluidSetup");
+    testdata::ExpectMembers(s, "tests/wizard/data/primary_fixed_mode_store.json");
 }
 
 // Catches a wrong limit, a wrong wording (including the deliberately odd ones), a warning asked
@@ -199,17 +158,30 @@ TEST_F(PrimaryElementPage, NoSelectsTheBoxAndEndsTheValidator) {
     Fill(0, 0, "10", "mm", "2000", "mm");
     const std::string bore = BoreQuestion("12.5 mm");
     const std::string pipe = PipeQuestion("50 mm and 1000 mm");
+    // Entries changed before Next, the answers given, the questions asked, the box that then has
+    // the focus, and d and D in mm as written before the question answered No.
     struct Case {
+        std::string entries;
         std::vector<int> answers;
         std::vector<std::string> asked;
         QLineEdit* focus;
+        double d, D;
     };
     const Case cases[] = {
-        {{7}, {bore}, p.txtPEDiameter},
-        {{6, 7}, {bore, pipe}, p.txtPipeDiameter},
-        {{6, 6, 7}, {bore, pipe, BetaQuestion("0.005 0.2 0.75")}, p.txtPipeDiameter},
+        {"", {7}, {bore}, p.txtPEDiameter, 10, kNotEntered},
+        {"", {6, 7}, {bore, pipe}, p.txtPipeDiameter, 10, 2000},
+        {"", {6, 6, 7}, {bore, pipe, BetaQuestion("0.005 0.2 0.75")}, p.txtPipeDiameter, 10, 2000},
+        // In inches: the bore question in inch words, then beta, whose No goes to D although d is
+        // the entry at fault.
+        {"txtPEDiameter=0.3;cboPEDiameterUnit=in;txtPipeDiameter=3;cboPipeDiameterUnit=in",
+         {6, 7},
+         {BoreQuestion("0.492 inch"), BetaQuestion("0.1 0.2 0.75")},
+         p.txtPipeDiameter,
+         7.62,
+         76.2},
     };
     for (const Case& c : cases) {
+        SetByName(p, c.entries);
         host.messages.clear();
         host.answers.assign(c.answers.begin(), c.answers.end());
         p.txtPEDiameter->deselect();
@@ -221,26 +193,9 @@ TEST_F(PrimaryElementPage, NoSelectsTheBoxAndEndsTheValidator) {
         EXPECT_TRUE(OnPage());
         EXPECT_EQ(s.UI_PEType, kNotEntered);
         EXPECT_EQ(s.UI_PEDiameter, kNotEntered);
+        EXPECT_DOUBLE_EQ(s.UI_PEDiameterStandard, c.d);
+        EXPECT_DOUBLE_EQ(s.UI_PEPipeDiameterStandard, c.D);
     }
-    EXPECT_EQ(s.UI_PEDiameterStandard, 10.0);
-    EXPECT_EQ(s.UI_PEPipeDiameterStandard, 2000.0);
-
-    // In inches: the bore question in inch words, then beta, whose No goes to D although d is
-    // the entry at fault.
-    p.txtPEDiameter->setText("0.3");
-    Choose(p.cboPEDiameterUnit, "in");
-    p.txtPipeDiameter->setText("3");
-    Choose(p.cboPipeDiameterUnit, "in");
-    host.messages.clear();
-    host.answers.assign({6, 7});
-    p.txtPipeDiameter->deselect();
-    p.cmdNext->click();
-    EXPECT_EQ(host.Texts(),
-              (std::vector<std::string>{BoreQuestion("0.492 inch"), BetaQuestion("0.1 0.2 0.75")}));
-    EXPECT_EQ(p.txtPipeDiameter->selectedText(), "3");
-    EXPECT_TRUE(p.txtPipeDiameter->hasFocus());
-    EXPECT_DOUBLE_EQ(s.UI_PEDiameterStandard, 7.62);
-    EXPECT_DOUBLE_EQ(s.UI_PEPipeDiameterStandard, 76.2);
 }
 
 // Catches coefficient boxes open outside the fixed mode, a list change that keeps their text,
@@ -310,72 +265,29 @@ TEST_F(PrimaryElementPage, DescriptionListsByFamily) {
 TEST_F(PrimaryElementPage, LoadFromStoreSelectsByCode) {
     OpenPage();
     ctlPrimaryElementSetup& p = Primary();
-    struct Case {
-        std::int32_t type, code, sub;
-        const char* typeText;
-        std::string descText;
-        bool notice;
-    };
-    const Case cases[] = {
-        {0, 6, 0, "Orifice", "Orifice Flange Taps [ISO5167-2 2003]", false},
-        {0, 12, 0, "Orifice", "", false},
-        {1, 13, 0, "Nozzle", "Long radius nozzle [ISO5167-1 1991/ ISO5167-3 2003]", false},
-        {1, 14, 1, "Nozzle", "ASME FLOW NOZZLES [ASME MFC-3M 1989] with low beta ratio", false},
-        {1, 14, 3, "Nozzle", "", true},
-        {1, 15, 0, "Nozzle", "", true},
-        {2, 18, 0, "Venturi", kCode18, false},
-        {2, 21, 0, "Venturi", "", false},
-        {3, 1, 0, "Fix", "Fixed mode", false},
-        // Another code in the fixed family still lands on its only row.
-        {3, 2, 0, "Fix", "Fixed mode", false},
-        {kNotEntered, 2, 0, "", "", false},
-        {4, 2, 0, "", "", false},
-    };
-    for (const Case& c : cases) {
-        s.UI_PEType = c.type;
-        s.UI_PEPrimaryDeviceCode = c.code;
-        s.UI_PESubcode = c.sub;
+    for (const testdata::Row& r : testdata::Load("tests/wizard/data/primary_load_codes.csv")) {
+        s.UI_PEType = r.integer("type");
+        s.UI_PEPrimaryDeviceCode = r.integer("code");
+        s.UI_PESubcode = r.integer("sub");
         host.messages.clear();
         main->SwitchToPrimaryElementSetup();
-        const std::string where = std::to_string(c.type) + "/" + std::to_string(c.code);
-        EXPECT_EQ(p.cboType->currentText().toStdString(), c.typeText) << where;
-        EXPECT_EQ(p.cboDesc->currentText().toStdString(), c.descText) << where;
-        if (c.notice) {
-            ASSERT_EQ(host.messages.size(), 1u) << where;
-            EXPECT_EQ(host.messages[0].title, "QDF300 Information");
-            EXPECT_EQ(host.messages[0].text,
-                      "Primary element description is not supported by this software version");
-        } else {
-            EXPECT_TRUE(host.messages.empty()) << where;
-        }
+        ExpectByName(p, "cboType=" + r.text("typeText") + ";cboDesc=" + r.text("descText"),
+                     r.where());
+        ExpectInformation(host,
+                          r.integer("notice") == 0
+                              ? std::vector<std::string>{}
+                              : std::vector<std::string>{"Primary element description is not "
+                                                         "supported by this software version"},
+                          r.where());
     }
 
-    s.UI_PEType = 3;
-    s.UI_PEPrimaryDeviceCode = 1;
-    s.UI_PEDisCoeff = 0.75;
-    s.UI_PEGasExpFac = kNotEntered;
-    s.UI_PEDiameter = 2.5;
-    s.UI_PEDiameterUnit = 47;
-    s.UI_PETemp = 68;
-    s.UI_PETempUnit = 33;
-    s.UI_PEMaterial = "Monel";
-    s.UI_PEPipeDiameter = 4;
-    s.UI_PEPipeDiameterUnit = 47;
-    s.UI_PipeTemperature = kNotEntered;
-    s.UI_PipeTemperatureUnit = 35;
-    s.UI_PipeMaterial = "Brass";
+    testdata::ApplyMembers(s, "tests/wizard/data/primary_fixed_inch_load.json");
     main->SwitchToPrimaryElementSetup();
-    EXPECT_EQ(p.txtPEDisCoeff->text(), "0.75");
-    EXPECT_EQ(p.txtPEGasExpFactor->text(), "");
-    EXPECT_EQ(p.txtPEDiameter->text(), "2.5");
-    EXPECT_EQ(p.cboPEDiameterUnit->currentText(), "in");
-    EXPECT_EQ(p.txtPETemp->text(), "68");
-    EXPECT_EQ(p.cboPETempUnit->currentText(), "deg F");
-    EXPECT_EQ(p.cboPEMaterial->currentText(), "Monel");
-    EXPECT_EQ(p.txtPipeDiameter->text(), "4");
-    EXPECT_EQ(p.cboPipeDiameterUnit->currentText(), "in");
-    EXPECT_EQ(p.txtPipeTemp->text(), "-999999");
-    EXPECT_EQ(p.cboPipeTempUnit->currentText(), "Kelvin");
+    ExpectByName(p,
+                 "txtPEDisCoeff=0.75;txtPEGasExpFactor=;txtPEDiameter=2.5;cboPEDiameterUnit=in;"
+                 "txtPETemp=68;cboPETempUnit=deg F;cboPEMaterial=Monel;txtPipeDiameter=4;"
+                 "cboPipeDiameterUnit=in;txtPipeTemp=-999999;cboPipeTempUnit=Kelvin;"
+                 "cboPipeMaterial=");
     EXPECT_EQ(p.cboPipeMaterial->currentIndex(), -1);
     EXPECT_EQ(s.Gbl_ReadyToSave, kFalse);
 
@@ -399,24 +311,17 @@ TEST_F(PrimaryElementPage, JapanListsAndAnInchConfiguration) {
     EXPECT_EQ(Entries(p.cboPipeTempUnit), (std::vector<std::string>{"deg C", "Kelvin"}));
 
     // As saved in inches and deg F elsewhere.
+    testdata::ApplyMembers(s, "tests/wizard/data/primary_fixed_inch_load.json");
     s.UI_PEType = 0;
     s.UI_PEPrimaryDeviceCode = 5;
-    s.UI_PEDiameter = 2;
-    s.UI_PEDiameterUnit = 47;
-    s.UI_PEDiameterStandard = 50.8;
-    s.UI_PETemp = 68;
-    s.UI_PETempUnit = 33;
-    s.UI_PEPipeDiameter = 4;
-    s.UI_PEPipeDiameterUnit = 47;
     main->SwitchToPrimaryElementSetup();
     EXPECT_EQ(p.cboPEDiameterUnit->currentIndex(), -1);
     EXPECT_EQ(p.cboPETempUnit->currentIndex(), -1);
     EXPECT_EQ(p.cboPipeDiameterUnit->currentIndex(), -1);
-    EXPECT_EQ(p.cboPipeTempUnit->currentText(), "deg C");
+    EXPECT_EQ(p.cboPipeTempUnit->currentText(), "Kelvin");
     host.messages.clear();
     p.cmdNext->click();
-    EXPECT_EQ(host.Texts(),
-              std::vector<std::string>{"Please make a selection for primary diameter unit"});
+    ExpectRefusals(host, {"Please make a selection for primary diameter unit"});
     EXPECT_TRUE(OnPage());
 }
 
@@ -439,16 +344,12 @@ TEST_F(PrimaryElementPage, WindowShowsTitleAndFields) {
     main->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(main.get()));
     ctlPrimaryElementSetup& p = Primary();
-    EXPECT_TRUE(p.isVisible());
-    EXPECT_EQ(p.findChild<QLabel*>("lblTitle")->text(), "PRIMARY DEVICE AND PIPE SETUP");
-    for (const char* name :
-         {"cboType", "cboDesc", "txtElementDesc", "txtPEDisCoeff", "txtPEGasExpFactor",
-          "txtPEDiameter", "cboPEDiameterUnit", "txtPETemp", "cboPETempUnit", "cboPEMaterial",
-          "txtPipeDiameter", "cboPipeDiameterUnit", "txtPipeTemp", "cboPipeTempUnit",
-          "cboPipeMaterial", "cmdNext", "cmdBack", "cmdCancel", "lblPrimaryElement"}) {
-        const QWidget* w = p.findChild<QWidget*>(name);
-        EXPECT_TRUE(w && w->isVisible()) << name;
-    }
+    ExpectShown(
+        p, "PRIMARY DEVICE AND PIPE SETUP",
+        {"cboType", "cboDesc", "txtElementDesc", "txtPEDisCoeff", "txtPEGasExpFactor",
+         "txtPEDiameter", "cboPEDiameterUnit", "txtPETemp", "cboPETempUnit", "cboPEMaterial",
+         "txtPipeDiameter", "cboPipeDiameterUnit", "txtPipeTemp", "cboPipeTempUnit",
+         "cboPipeMaterial", "cmdNext", "cmdBack", "cmdCancel", "lblPrimaryElement"});
     EXPECT_TRUE(p.BlinkTimer->isActive());
     if (const char* dir = std::getenv("QDF_GRAB_DIR")) {
         Fill(1, 2, "60", "mm", "100", "mm");
