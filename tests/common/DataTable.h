@@ -18,14 +18,17 @@
 
 #include "TextTable.h"
 
+// In the row's own namespace, where GoogleTest looks for it: a failing row prints as its place.
+namespace qdf::table {
+inline void PrintTo(const Row& row, std::ostream* os) {
+    *os << row.where();
+}
+}  // namespace qdf::table
+
 namespace qdf::testdata {
 
 using qdf::table::Row;
 using qdf::table::SplitCells;
-
-inline void PrintTo(const Row& row, std::ostream* os) {
-    *os << row.where();
-}
 
 // path: from the repository root, e.g. "tests/model/data/bag_keys.csv".
 inline std::vector<Row> Load(const std::string& path) {
