@@ -19,6 +19,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "../common/FrameWalk.h"
+#include "../common/KeepPicture.h"
 #include "FlowCheck.h"
 #include "FrameFlowCheck.h"
 #include "FrameHost.h"
@@ -43,50 +45,14 @@ struct Written {
 Written& EthaneWritten() {
     static Written* w = [] {
         auto* out = new Written;
-        const QString reg = out->dir.filePath("registry.ini");
-        QFile f(reg);
-        if (f.open(QIODevice::WriteOnly)) {
-            f.write(("[SOFTWARE\\TAVRIN\\DTMs\\SondraCommon]\nPath=" + out->dir.path() +
-                     "/\n\n[SOFTWARE\\TAVRIN\\DTMs\\QDFSondra]\nMgt_DebugModeFlag=0\n")
-                        .toUtf8());
-            f.close();
-        }
-        setenv("QDF_REGISTRY", reg.toLocal8Bit().constData(), 1);
-        setenv("QDF_LOG_DIR", out->dir.path().toLocal8Bit().constData(), 1);
+        qdf::test::PrepareInstallation(out->dir.path(), false);
         out->qmv = out->dir.filePath("ethane.qmv").toStdString();
-
         std::ifstream in(QDF_SOURCE_DIR "/examples/scripts/ethane_orifice_hart.json");
-        nlohmann::json script = nlohmann::json::parse(in);
-        auto& steps = script["steps"];
-        for (std::size_t i = 0; i < steps.size(); ++i)
-            if (steps[i].value("click", "") == "cmdSave") {
-                steps.insert(
-                    steps.begin() + static_cast<std::ptrdiff_t>(i),
-                    nlohmann::json::object({{"menu", "MenuExportQMV"}, {"path", out->qmv}}));
-                break;
-            }
-
-        std::ostringstream rows;
-        FrameScript player(rows);
-        std::string error;
-        EXPECT_TRUE(player.Parse(script.dump(), &error)) << error;
         FrameHost host;
-        player.Attach(host);
-        qdf::wizard::ScriptedDialogService dialogs;
-        qdf::wizard::WizardServices().dialogs = &dialogs;
-        player.fileAnswer = [&dialogs](const std::string& p) {
-            dialogs.answers.push_back({p, false});
-        };
-        QString deviceError;
-        EXPECT_TRUE(
-            host.AddDeviceFile(QDF_SOURCE_DIR "/data/devices/qdf300_hart.json", &deviceError));
-        host.OpenModule(0, new TVRQDFFlowConfigWizard(),
-                        [](ISDKModule* m) { delete static_cast<TVRQDFFlowConfigWizard*>(m); });
-        EXPECT_TRUE(player.Play(host, &error)) << error;
-        player.Finish(host, 0);
-        qdf::wizard::WizardServices().dialogs = nullptr;
+        out->rows = qdf::test::PlayInFrame(
+            host, qdf::test::SavingBeforeApply(nlohmann::json::parse(in), out->qmv),
+            QDF_SOURCE_DIR "/data/devices/qdf300_hart.json");
         out->device = host.Device(0).ToJson();
-        out->rows = rows.str();
         return out;
     }();
     return *w;
@@ -151,9 +117,7 @@ TEST(FrameFlowCheck, WrittenEthaneParametersCheckWithinTheThreshold) {
     EXPECT_TRUE(c.window->FlowCheckDialog()->ReadBackLabel()->isHidden());
     EXPECT_TRUE(c.messages.shown.empty());
 
-    if (const char* grab = std::getenv("QDF_GRAB_DIR")) {
-        c.window->FlowCheckDialog()->grab().save(QString(grab) + "/flowcheck_written.png");
-    }
+    qdf::test::KeepPicture(*c.window->FlowCheckDialog(), "flowcheck_written");
 }
 
 // One written value spoiled in the device's data, and what the result must then say.
@@ -183,9 +147,7 @@ TEST_P(FrameFlowCheckSpoiled, ResultShowsTheErrorAndNamesItsSource) {
     const QString readBack = c.window->FlowCheckDialog()->ReadBackLabel()->text();
     EXPECT_EQ(readBack.toStdString(), s.readBack);
     EXPECT_EQ(c.window->FlowCheckDialog()->ReadBackLabel()->isHidden(), !*s.readBack);
-    if (const char* grab = std::getenv("QDF_GRAB_DIR")) {
-        c.window->FlowCheckDialog()->grab().save(QString(grab) + "/flowcheck_" + s.name + ".png");
-    }
+    qdf::test::KeepPicture(*c.window->FlowCheckDialog(), QString("flowcheck_") + s.name);
     if (!*s.mainSource) {
         EXPECT_FALSE(view->Result());
         EXPECT_TRUE(view->lblVerdict->text().startsWith("No check: "))

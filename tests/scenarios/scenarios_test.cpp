@@ -16,6 +16,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "../common/FrameWalk.h"
 #include "../wizard/FakeHost.h"
 #include "ComponentTables.h"
 #include "Fits.h"
@@ -57,36 +58,9 @@ class Scenarios : public ::testing::TestWithParam<Scenario> {
         ASSERT_TRUE(dir.isValid());
     }
 
-    void WriteRegistry(bool debug) {
-        const QString reg = dir.filePath("registry.ini");
-        QFile f(reg);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        const std::string text =
-            "[SOFTWARE\\TAVRIN\\DTMs\\SondraCommon]\nPath=" + dir.path().toStdString() +
-            "/\n\n[SOFTWARE\\TAVRIN\\DTMs\\QDFSondra]\nMgt_DebugModeFlag=" + (debug ? "1" : "0") +
-            "\n";
-        f.write(text.c_str());
-        f.close();
-        setenv("QDF_REGISTRY", reg.toLocal8Bit().constData(), 1);
-        // The log folder a user of the tool has; without it a property warning fails the step.
-        setenv("QDF_LOG_DIR", dir.path().toLocal8Bit().constData(), 1);
-    }
-
     nlohmann::json Script(const Scenario& sc) {
         std::ifstream in(Source(sc.script));
         return nlohmann::json::parse(in);
-    }
-
-    // The script with an export of the configuration just before Apply.
-    static nlohmann::json SavingBeforeApply(nlohmann::json script, const std::string& qmv) {
-        auto& steps = script["steps"];
-        for (std::size_t i = 0; i < steps.size(); ++i)
-            if (steps[i].value("click", "") == "cmdSave") {
-                steps.insert(steps.begin() + static_cast<std::ptrdiff_t>(i),
-                             nlohmann::json::object({{"menu", "MenuExportQMV"}, {"path", qmv}}));
-                break;
-            }
-        return script;
     }
 
     // A fresh module that imports the saved file on the Mode page and presses Next on each page
@@ -115,32 +89,13 @@ class Scenarios : public ::testing::TestWithParam<Scenario> {
     // Plays a script in the frame; returns the writes the device received and fills the printed
     // rows.
     Writes Play(const nlohmann::json& script, std::string* rows) {
-        WriteRegistry(script.value("debug", false));
+        qdf::test::PrepareInstallation(dir.path(), script.value("debug", false));
         const std::string device = "data/devices/" + script.value("device", "qdf300_hart.json");
-        std::ostringstream out;
-        qdf::frame::FrameScript player(out);
-        std::string error;
-        EXPECT_TRUE(player.Parse(script.dump(), &error)) << error;
         qdf::frame::FrameHost host;
-        player.Attach(host);
-        qdf::wizard::ScriptedDialogService dialogs;
-        qdf::wizard::WizardServices().dialogs = &dialogs;
-        player.fileAnswer = [&dialogs](const std::string& p) {
-            dialogs.answers.push_back({p, false});
-        };
-        QString deviceError;
-        EXPECT_TRUE(host.AddDeviceFile(QString::fromStdString(Source(device)), &deviceError))
-            << deviceError.toStdString();
-        host.OpenModule(0, new TVRQDFFlowConfigWizard(),
-                        [](ISDKModule* m) { delete static_cast<TVRQDFFlowConfigWizard*>(m); });
-        App().processEvents();
-        EXPECT_TRUE(player.Play(host, &error)) << error;
+        *rows = qdf::test::PlayInFrame(host, script, QString::fromStdString(Source(device)));
         Writes writes;
         for (const auto& w : host.Device(0).writes) writes[w.parameter] = w.value;
         bus_ = host.Device(0).Bus();
-        player.Finish(host, 0);
-        qdf::wizard::WizardServices().dialogs = nullptr;
-        *rows = out.str();
         return writes;
     }
 
@@ -198,7 +153,7 @@ TEST_P(Scenarios, WritesMatchTheRecalculatedSavedConfiguration) {
     const Scenario sc = GetParam();
     const std::string qmv = dir.filePath("saved.qmv").toStdString();
     std::string rows;
-    const Writes written = Play(SavingBeforeApply(Script(sc), qmv), &rows);
+    const Writes written = Play(qdf::test::SavingBeforeApply(Script(sc), qmv), &rows);
     ASSERT_FALSE(written.empty()) << rows;
     EXPECT_NE(rows.find("module,closed"), std::string::npos) << rows;
     const Writes expected = Recalculate(qmv);
@@ -231,7 +186,7 @@ TEST_P(Scenarios, SavedConfigurationWalkedAgainWritesTheSame) {
     const nlohmann::json script = Script(GetParam());
     const std::string qmv = dir.filePath("saved.qmv").toStdString();
     std::string rows, again;
-    const Writes first = Play(SavingBeforeApply(script, qmv), &rows);
+    const Writes first = Play(qdf::test::SavingBeforeApply(script, qmv), &rows);
     ASSERT_FALSE(first.empty()) << rows;
     const Writes second = Play(WalkingTheSavedFile(script, qmv), &again);
     ASSERT_FALSE(second.empty()) << again;

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "../common/DataTable.h"
+#include "../common/KeepPicture.h"
 #include "../common/StoreMembers.h"
 #include "NaturalGasGrossPage.h"
 #include "PageTest.h"
@@ -439,8 +440,7 @@ TEST_F(NaturalGasPages, PagesShowInTheMainControl) {
             const QRect r(w->mapTo(page, QPoint(0, 0)), w->size());
             EXPECT_TRUE(page->rect().contains(r)) << name << " " << control;
         }
-        if (const char* dir = std::getenv("QDF_GRAB_DIR"))
-            main->grab().save(QString("%1/%2.png").arg(dir, name.c_str()));
+        KeepPicture(*main, QString::fromStdString(name));
     }
     EXPECT_EQ(Gross("Gross2").txtVolGrHv, nullptr);
     EXPECT_EQ(Gross("ISO").txtCOMole, nullptr);

@@ -10,7 +10,9 @@
 #include <functional>
 
 #include "../common/DataTable.h"
+#include "../common/KeepPicture.h"
 #include "../common/StoreMembers.h"
+#include "../flowcalc/CalcFixture.h"
 #include "Fits.h"
 #include "ModUnit.h"
 #include "MvConfig.h"
@@ -26,29 +28,10 @@ using namespace qdf::test;
 
 namespace {
 
-int32_t CatalogueId(const std::string& name) {
-    std::vector<std::string> names;
-    std::vector<int32_t> ids;
-    SND::DprGetClist(names, ids);
-    for (std::size_t i = 0; i < names.size(); ++i)
-        if (names[i] == name) return ids[i];
-    ADD_FAILURE() << name << " is not in the catalogue";
-    return 0;
-}
-
 double Number(const QString& text) {
     const auto v = ParseNumber(text.toStdString());
     EXPECT_TRUE(v.has_value()) << text.toStdString();
     return v.value_or(std::nan(""));
-}
-
-// T in K, p in kPa absolute, as the transmitter evaluates its gas density.
-double GasDensity(const clsExGlobalVars& s, double T, double p) {
-    double sum = 0.0;
-    for (int m = 0; m < 4; ++m)
-        sum += std::pow(p, m) * (s.Xmtr_DensCoeff[3 * m] + s.Xmtr_DensCoeff[3 * m + 1] / T +
-                                 s.Xmtr_DensCoeff[3 * m + 2] / (T * T));
-    return sum;
 }
 
 class PhysicalPage : public WizardFixture {
@@ -436,7 +419,7 @@ TEST_F(PhysicalPage, EnteredCustomTablesAreFitted) {
     EXPECT_EQ(s.UI_MolWeight, 20.0);
     for (int k = 0; k < 12; ++k) {
         const double t = s.UI_DensTemp[k], pr = s.UI_DensAbsPress[k];
-        EXPECT_NEAR(GasDensity(s, t + 273.15, pr), ideal(t, pr), 1e-8) << k;
+        EXPECT_NEAR(GasDensityPoly(s.Xmtr_DensCoeff, t + 273.15, pr), ideal(t, pr), 1e-8) << k;
     }
     EXPECT_EQ(main->CurrentPageControl(), &Apply());
 }
@@ -460,7 +443,8 @@ TEST_F(PhysicalPage, DataPointChoiceRecalculatesTheFinerGrid) {
     EXPECT_EQ(Text(p.FlexDensity, 10, 2), "37");
     EXPECT_GT(s.UI_DensStandard[62], s.UI_DensStandard[54]);
     // The overdetermined fit has run over the 63 points.
-    EXPECT_NEAR(GasDensity(s, s.UI_DensTempStandard[30], s.UI_DensAbsPressStandard[30] / 1000.0),
+    EXPECT_NEAR(GasDensityPoly(s.Xmtr_DensCoeff, s.UI_DensTempStandard[30],
+                               s.UI_DensAbsPressStandard[30] / 1000.0),
                 s.UI_DensStandard[30], 1e-3 * s.UI_DensStandard[30]);
     EXPECT_TRUE(host.messages.empty());
 
@@ -507,6 +491,5 @@ TEST_F(PhysicalPage, ShownInTheMainControl) {
     p.FlexDensity->item(1, 3)->setText("5");
     EXPECT_NEAR(Number(Text(p.FlexDensity, 1, 3)), density, 5e-9);
     EXPECT_EQ(s.UI_DensStandard[0], density);
-    if (const char* dir = std::getenv("QDF_SCREENSHOT_DIR"))
-        main->grab().save(QString::fromLocal8Bit(dir) + "/physical_property.png");
+    KeepPicture(*main, "physical_property");
 }

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "../common/DataTable.h"
+#include "../common/KeepPicture.h"
 #include "../common/StoreMembers.h"
 #include "ModUnit.h"
 #include "PageSupport.h"
@@ -351,8 +352,6 @@ TEST_F(PrimaryElementPage, WindowShowsTitleAndFields) {
          "txtPipeDiameter", "cboPipeDiameterUnit", "txtPipeTemp", "cboPipeTempUnit",
          "cboPipeMaterial", "cmdNext", "cmdBack", "cmdCancel", "lblPrimaryElement"});
     EXPECT_TRUE(p.BlinkTimer->isActive());
-    if (const char* dir = std::getenv("QDF_GRAB_DIR")) {
-        Fill(1, 2, "60", "mm", "100", "mm");
-        main->grab().save(QString::fromLocal8Bit(dir) + "/primary_element.png");
-    }
+    Fill(1, 2, "60", "mm", "100", "mm");
+    KeepPicture(*main, "primary_element");
 }

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "../common/DataTable.h"
+#include "../common/KeepPicture.h"
 #include "../common/StoreMembers.h"
 #include "ComponentTables.h"
 #include "PageSupport.h"
@@ -318,8 +319,7 @@ TEST_F(SatLiquidRange, PagesShowInTheMainControl) {
         std::vector<const char*> names = controls.at(page.objectName().toStdString());
         names.insert(names.end(), {"lblOperatingRange", "cmdBack", "cmdNext", "cmdCancel"});
         ExpectShown(page, "FLUID OPERATING RANGE SETUP", names);
-        if (const char* dir = std::getenv("QDF_SCREENSHOT_DIR"))
-            main->grab().save(QDir(dir).filePath(page.objectName() + ".png"));
+        KeepPicture(*main, page.objectName());
     }
     ExpectByName(Steam(),
                  "lblOperatingRangeCat=Steam;lblOperatingRangeSetupMethod=Saturated Steam;"
