@@ -177,6 +177,10 @@ std::string UserNumberText(double value) {
     return qdf::NumToText(value, UserSeparators());
 }
 
+QLabel* Caption(QWidget* parent, const char* text) {
+    return new QLabel(QString::fromUtf8(text), parent);
+}
+
 void ShowNumber(QLineEdit* box, double value) {
     box->setText(value == kNotEntered ? QString() : QString::fromStdString(UserNumberText(value)));
 }

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QTimer>
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <optional>
 #include <span>
@@ -86,6 +87,21 @@ void ShowSequence(bool basic, QGroupBox* autoFrame, BlinkTimer* autoTimer, QGrou
 qdf::NumberSeparators UserSeparators();
 // The plain number form with the user's decimal separator, for boxes and messages.
 std::string UserNumberText(double value);
+
+// A plain caption label.
+QLabel* Caption(QWidget* parent, const char* text);
+
+// Runs a table routine under the numeric failure path: 0, or 1 when it stopped on an exception
+// (a division by zero caught by the checked arithmetic, an index out of bounds).
+template <class Body>
+std::int32_t Guarded(Body body) {
+    try {
+        body();
+        return 0;
+    } catch (const std::exception&) {
+        return 1;
+    }
+}
 
 // -999999 shows as an empty box; any other value in the plain number form.
 void ShowNumber(QLineEdit* box, double value);

@@ -41,21 +41,6 @@ std::string RangeNotice(Step step, double lowK, double highK, std::int32_t code)
                      KelvinToTemperatureUnit(highK, code), after);
 }
 
-QLabel* Caption(const char* text, QWidget* parent) {
-    return new QLabel(QString::fromUtf8(text), parent);
-}
-
-// Runs a table routine under the numeric failure path: 0, or 1 when it stopped.
-template <class Body>
-std::int32_t Guarded(Body body) {
-    try {
-        body();
-        return 0;
-    } catch (const std::exception&) {
-        return 1;
-    }
-}
-
 }  // namespace
 
 ctlOperatingRangeLiquid::ctlOperatingRangeLiquid(QWidget* parent) : ctlPage(parent) {
@@ -73,9 +58,9 @@ ctlOperatingRangeLiquid::ctlOperatingRangeLiquid(QWidget* parent) : ctlPage(pare
     lblOperatingRangeCategory->setObjectName(QStringLiteral("lblOperatingRangeCategory"));
     lblOperatingRangeLiquidMethod = new QLabel(this);
     lblOperatingRangeLiquidMethod->setObjectName(QStringLiteral("lblOperatingRangeLiquidMethod"));
-    fluid->addWidget(Caption("Category:", this), 0, 0);
+    fluid->addWidget(Caption(this, "Category:"), 0, 0);
     fluid->addWidget(lblOperatingRangeCategory, 0, 1);
-    fluid->addWidget(Caption("Name/Method:", this), 1, 0);
+    fluid->addWidget(Caption(this, "Name/Method:"), 1, 0);
     fluid->addWidget(lblOperatingRangeLiquidMethod, 1, 1);
     fluid->setColumnStretch(1, 1);
     right->addLayout(fluid);
@@ -86,9 +71,9 @@ ctlOperatingRangeLiquid::ctlOperatingRangeLiquid(QWidget* parent) : ctlPage(pare
     txtTemp1 = NumberBox(range, "txtTemp1");
     txtTemp2 = NumberBox(range, "txtTemp2");
     cboTempUnit = UnitList(range, "cboTempUnit");
-    rangeGrid->addWidget(Caption("Temperature", range), 0, 0);
+    rangeGrid->addWidget(Caption(range, "Temperature"), 0, 0);
     rangeGrid->addWidget(txtTemp1, 0, 1);
-    rangeGrid->addWidget(Caption("to", range), 0, 2);
+    rangeGrid->addWidget(Caption(range, "to"), 0, 2);
     rangeGrid->addWidget(txtTemp2, 0, 3);
     rangeGrid->addWidget(cboTempUnit, 0, 4);
     right->addWidget(range);
@@ -99,7 +84,7 @@ ctlOperatingRangeLiquid::ctlOperatingRangeLiquid(QWidget* parent) : ctlPage(pare
     auto* refGrid = new QGridLayout(reference);
     txtTempRef = NumberBox(reference, "txtTempRef");
     cboTempRefUnit = UnitList(reference, "cboTempRefUnit");
-    refGrid->addWidget(Caption("Temperature:", reference), 0, 0);
+    refGrid->addWidget(Caption(reference, "Temperature:"), 0, 0);
     refGrid->addWidget(txtTempRef, 0, 1);
     refGrid->addWidget(cboTempRefUnit, 0, 2);
     refGrid->setColumnStretch(3, 1);

@@ -60,10 +60,6 @@ std::string RangeQuestion(Step step, std::int32_t code) {
            qdf::NumToText(KPaToPressureUnit(kHighKPa, code)) + blank + unit + kKeepValue;
 }
 
-QLabel* Caption(const char* text, QWidget* parent) {
-    return new QLabel(QString::fromUtf8(text), parent);
-}
-
 }  // namespace
 
 ctlOperatingRangeSatSteam::ctlOperatingRangeSatSteam(QWidget* parent) : ctlPage(parent) {
@@ -82,9 +78,9 @@ ctlOperatingRangeSatSteam::ctlOperatingRangeSatSteam(QWidget* parent) : ctlPage(
     lblOperatingRangeCat->setObjectName(QStringLiteral("lblOperatingRangeCat"));
     lblOperatingRangeSetupMethod = new QLabel(QStringLiteral("Saturated Steam"), this);
     lblOperatingRangeSetupMethod->setObjectName(QStringLiteral("lblOperatingRangeSetupMethod"));
-    fluid->addWidget(Caption("Category:", this), 0, 0);
+    fluid->addWidget(Caption(this, "Category:"), 0, 0);
     fluid->addWidget(lblOperatingRangeCat, 0, 1);
-    fluid->addWidget(Caption("Name/Method:", this), 1, 0);
+    fluid->addWidget(Caption(this, "Name/Method:"), 1, 0);
     fluid->addWidget(lblOperatingRangeSetupMethod, 1, 1);
     fluid->setColumnStretch(1, 1);
     right->addLayout(fluid);
@@ -97,15 +93,15 @@ ctlOperatingRangeSatSteam::ctlOperatingRangeSatSteam(QWidget* parent) : ctlPage(
     cboPressUnit = UnitList(range, "cboPressUnit");
     txtAtmPress = NumberBox(range, "txtAtmPress");
     cboAtmPressUnit = UnitList(range, "cboAtmPressUnit");
-    rangeGrid->addWidget(Caption("Static Pressure:", range), 0, 0);
+    rangeGrid->addWidget(Caption(range, "Static Pressure:"), 0, 0);
     rangeGrid->addWidget(txtPress1, 0, 1);
-    rangeGrid->addWidget(Caption("to", range), 0, 2);
+    rangeGrid->addWidget(Caption(range, "to"), 0, 2);
     rangeGrid->addWidget(txtPress2, 0, 3);
     rangeGrid->addWidget(cboPressUnit, 0, 4);
-    rangeGrid->addWidget(Caption("Atmospheric Pressure", range), 1, 0);
+    rangeGrid->addWidget(Caption(range, "Atmospheric Pressure"), 1, 0);
     rangeGrid->addWidget(txtAtmPress, 1, 1);
     rangeGrid->addWidget(cboAtmPressUnit, 1, 2, 1, 2, Qt::AlignLeft);
-    rangeGrid->addWidget(Caption("(valid only if gauge is selected)", range), 2, 1, 1, 4);
+    rangeGrid->addWidget(Caption(range, "(valid only if gauge is selected)"), 2, 1, 1, 4);
     right->addWidget(range);
 
     auto* reference =
@@ -116,10 +112,10 @@ ctlOperatingRangeSatSteam::ctlOperatingRangeSatSteam(QWidget* parent) : ctlPage(
     cboPressRefUnit = UnitList(reference, "cboPressRefUnit");
     txtTempRef = NumberBox(reference, "txtTempRef");
     cboTempRefUnit = UnitList(reference, "cboTempRefUnit");
-    refGrid->addWidget(Caption("Pressure:", reference), 0, 0);
+    refGrid->addWidget(Caption(reference, "Pressure:"), 0, 0);
     refGrid->addWidget(txtPressRef, 0, 1);
     refGrid->addWidget(cboPressRefUnit, 0, 2);
-    refGrid->addWidget(Caption("Temperature:", reference), 1, 0);
+    refGrid->addWidget(Caption(reference, "Temperature:"), 1, 0);
     refGrid->addWidget(txtTempRef, 1, 1);
     refGrid->addWidget(cboTempRefUnit, 1, 2);
     refGrid->setColumnStretch(3, 1);

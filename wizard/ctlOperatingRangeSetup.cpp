@@ -57,20 +57,6 @@ bool IsPsi(std::int32_t code) {
 }
 
 // Runs a table routine under the numeric failure path.
-template <class Body>
-std::int32_t Numeric(Body body) {
-    try {
-        body();
-        return 0;
-    } catch (const std::exception&) {
-        return 1;
-    }
-}
-
-QLabel* Caption(QWidget* parent, const char* text) {
-    return new QLabel(QString::fromLatin1(text), parent);
-}
-
 }  // namespace
 
 ctlOperatingRangeSetup::ctlOperatingRangeSetup(QWidget* parent) : ctlPage(parent) {
@@ -476,7 +462,7 @@ void ctlOperatingRangeSetup::cmdBack_Click() {
 // ---- Tables for custom data ----
 
 std::int32_t ctlOperatingRangeSetup::PrepareDensityGrid(qdf::clsExGlobalVars& s) {
-    return Numeric([&] {
+    return Guarded([&] {
         const std::int32_t nT = s.Mgt_GasDensTempDiv;
         const std::int32_t nP = s.Mgt_GasDensPressDiv;
         const auto t = qdf::numeric::AscendingAxis(s.UI_RangeT1, s.UI_RangeT2, nT);
@@ -495,7 +481,7 @@ std::int32_t ctlOperatingRangeSetup::PrepareDensityGrid(qdf::clsExGlobalVars& s)
 }
 
 std::int32_t ctlOperatingRangeSetup::PrepareViscosityTemperatures(qdf::clsExGlobalVars& s) {
-    return Numeric([&] {
+    return Guarded([&] {
         // The step comes from the gas count and the loop from the liquid count, as the tables
         // in use were made.
         const auto t = qdf::numeric::AscendingAxis(s.UI_RangeT1, s.UI_RangeT2, s.Mgt_GasVisTempDiv);
@@ -505,7 +491,7 @@ std::int32_t ctlOperatingRangeSetup::PrepareViscosityTemperatures(qdf::clsExGlob
 }
 
 std::int32_t ctlOperatingRangeSetup::ConvertDensityGrid(qdf::clsExGlobalVars& s) {
-    return Numeric([&] {
+    return Guarded([&] {
         const std::int32_t n = s.Mgt_GasDensTempDiv * s.Mgt_GasDensPressDiv;
         for (std::int32_t k = 0; k < n; ++k) {
             if (s.UI_DensUnit == kKgPerM3) {
@@ -524,7 +510,7 @@ std::int32_t ctlOperatingRangeSetup::ConvertDensityGrid(qdf::clsExGlobalVars& s)
 }
 
 std::int32_t ctlOperatingRangeSetup::ConvertReferenceDensity(qdf::clsExGlobalVars& s) {
-    return Numeric([&] {
+    return Guarded([&] {
         if (s.UI_RefDensValue == qdf::kNotEntered) return;
         if (s.UI_DensUnit == kKgPerM3) {
             s.UI_RefDensValueStandard = s.UI_RefDensValue;
@@ -537,7 +523,7 @@ std::int32_t ctlOperatingRangeSetup::ConvertReferenceDensity(qdf::clsExGlobalVar
 }
 
 std::int32_t ctlOperatingRangeSetup::ConvertViscosityTable(qdf::clsExGlobalVars& s) {
-    return Numeric([&] {
+    return Guarded([&] {
         for (std::int32_t i = 0; i < s.Mgt_GasVisTempDiv; ++i)
             s.UI_ViscStandard[i] =
                 s.UI_ViscUnit == 0 ? s.UI_Visc[i] : qdf::LbFtSToPaS(s.UI_Visc[i]);
