@@ -35,14 +35,6 @@ void PrintJsonObject(std::ostream& out, const nlohmann::ordered_json& object) {
     out << "\n}\n";
 }
 
-void BuildCatalogue() {
-    static const bool built = [] {
-        CompoundTables().Build();
-        return true;
-    }();
-    (void)built;
-}
-
 namespace {
 
 nlohmann::ordered_json ValueJson(const Value& v) {

@@ -16,9 +16,6 @@ std::string JsonText(const nlohmann::ordered_json& v);
 // An object, one key per line.
 void PrintJsonObject(std::ostream& out, const nlohmann::ordered_json& object);
 
-// Fills the property engine's component tables once, so fluid names translate.
-void BuildCatalogue();
-
 // What a QMV file's bytes carry, as one object keyed by member name (arrays in index order, the
 // elements the file does not reach null). False when the file is cut short; the object then holds
 // what was read up to there.

@@ -44,8 +44,6 @@ int cmdCalc(const std::vector<std::string>& args, Io io) {
 
     clsExGlobalVars store;
     InitializeDefaults(store);
-    // Old files name their fluid; the catalogue turns the name into its number.
-    BuildCatalogue();
     if (OpenBinaryFile(store, args[0]) != 0) {
         io.err << "qdf calc: " << args[0] << " cannot be loaded\n";
         return 1;

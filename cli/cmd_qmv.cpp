@@ -32,7 +32,6 @@ int Dump(const std::string& path, Io io) {
     // The status is what loading the file into a new configuration gives.
     clsExGlobalVars store;
     InitializeDefaults(store);
-    BuildCatalogue();
     const std::int32_t status = whole ? OpenBinaryBytes(store, bytes) : 1;
 
     out["status"] = status;

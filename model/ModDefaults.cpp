@@ -14,19 +14,39 @@ std::optional<std::string>& HostCommandLine() {
     return line;
 }
 
+struct UIRecord {
+    std::vector<Value> values;
+    std::vector<RecordField> fields;
+};
+
+UIRecord& TheUIRecord() {
+    static UIRecord record;
+    return record;
+}
+
 void TakeUIRecord(const clsExGlobalVars& s) {
-    std::vector<RecordField> record;
+    UIRecord& record = TheUIRecord();
+    record.values.clear();
+    record.fields.clear();
+    // Every value in one block, sized first, so that the fields' views of it stay valid.
+    std::size_t values = 0, fields = 0;
     for (const MemberInfo& m : StoreMembers()) {
         if (!m.name.starts_with("UI_")) continue;
-        RecordField f{std::string(m.name), m.dims == 1, {}};
-        if (m.dims == 1) {
-            for (std::int32_t i = 0; i <= m.upper(s); ++i) f.values.push_back(m.getAt(s, i));
-        } else {
-            f.values.push_back(m.get(s));
-        }
-        record.push_back(std::move(f));
+        values += m.dims == 1 ? static_cast<std::size_t>(m.upper(s)) + 1 : 1;
+        ++fields;
     }
-    ModuleUIRecord() = std::move(record);
+    record.values.reserve(values);
+    record.fields.reserve(fields);
+    for (const MemberInfo& m : StoreMembers()) {
+        if (!m.name.starts_with("UI_")) continue;
+        const std::size_t first = record.values.size();
+        if (m.dims == 1)
+            m.getAll(s, record.values);
+        else
+            record.values.push_back(m.get(s));
+        record.fields.push_back(
+            {m.name, m.dims == 1, std::span<const Value>(record.values).subspan(first)});
+    }
 }
 
 }  // namespace
@@ -45,9 +65,8 @@ std::string LoadFileNameFromCommandLine(std::string_view commandLine) {
     return std::string(commandLine);
 }
 
-std::vector<RecordField>& ModuleUIRecord() {
-    static std::vector<RecordField> record;
-    return record;
+const std::vector<RecordField>& ModuleUIRecord() {
+    return TheUIRecord().fields;
 }
 
 void InitializeDefaults(clsExGlobalVars& s) {

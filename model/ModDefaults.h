@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,11 +34,11 @@ std::string LoadFileNameFromCommandLine(std::string_view commandLine);
 // The module-level copy of the UI_ members, in declared order, as SetCalculationOptionDefaults
 // last took it. A scalar has one value; an array all its elements.
 struct RecordField {
-    std::string name;
+    std::string_view name;  // the store's own name, which lives as long as the program
     bool isArray = false;
-    std::vector<Value> values;
+    std::span<const Value> values;  // valid until the record is taken again
 };
-std::vector<RecordField>& ModuleUIRecord();
+const std::vector<RecordField>& ModuleUIRecord();
 
 // ---- resets ---------------------------------------------------------------------------------
 void ResetOperatingRange(clsExGlobalVars& s);

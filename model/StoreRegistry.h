@@ -3,7 +3,9 @@
 // Every format (property bag, QMV blocks, parameter files, report, JSON) is an ordered list of
 // member names walked through this table, so the orders stay visible as data.
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,10 +41,16 @@ struct MemberInfo {
     std::int32_t (*upper)(const clsExGlobalVars&) = nullptr;
     Value (*getAt)(const clsExGlobalVars&, std::int32_t) = nullptr;
     void (*setAt)(clsExGlobalVars&, std::int32_t, const Value&) = nullptr;
+    // Arrays of doubles only: an element set without a general value in between.
+    void (*setDoubleAt)(clsExGlobalVars&, std::int32_t, double) = nullptr;
+    // Appends every element in index order: one call for a whole array.
+    void (*getAll)(const clsExGlobalVars&, std::vector<Value>&) = nullptr;
 };
 
 // Every member in declared order.
-const std::vector<MemberInfo>& StoreMembers();
+std::span<const MemberInfo> StoreMembers();
+// The member at a position of StoreMembers (as MemberPosition gives it); unchecked.
+const MemberInfo& MemberAt(std::size_t position);
 // nullptr when the store has no member of that name.
 const MemberInfo* FindMember(std::string_view name);
 

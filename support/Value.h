@@ -14,7 +14,9 @@ class Value {
   public:
     enum class Kind { Empty, Bool, Int16, Int32, Float, Double, String, StringArray };
 
-    Value() = default;
+    // Provided rather than defaulted: an array of values is then built element by element, not
+    // first cleared byte by byte as a defaulted constructor's value-initialisation would.
+    Value() noexcept {}
     Value(bool v) : v_(v) {}
     Value(std::int16_t v) : v_(v) {}
     Value(std::int32_t v) : v_(v) {}

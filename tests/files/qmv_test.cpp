@@ -3,9 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <string>
+#include <thread>
 #include <vector>
+
+#include <sys/stat.h>
 
 #include "../common/DataTable.h"
 #include "../common/StoreMembers.h"
@@ -275,14 +280,38 @@ TEST_F(QmvTest, TruncatedFileFailsQuietlyAndChangesNothing) {
     // Catches a partial load, a read past the end, or a message on a damaged file.
     const auto bytes = QmvBuilder::Full("1.00.00").bytes;
     const auto before = Snapshot();
-    for (std::size_t cut : {std::size_t{0}, std::size_t{1}, std::size_t{9}, std::size_t{200},
-                            std::size_t{3000}, bytes.size() - 1}) {
+    // Every 37th length reaches into strings, their length words and the fixed-width runs.
+    std::vector<std::size_t> cuts{0, 1, 9, bytes.size() - 1};
+    for (std::size_t cut = 200; cut < bytes.size(); cut += 37) cuts.push_back(cut);
+    for (std::size_t cut : cuts) {
         const std::vector<std::uint8_t> part(bytes.begin(), bytes.begin() + cut);
         EXPECT_EQ(OpenBinaryBytes(store, part), 1) << cut;
         EXPECT_EQ(Snapshot(), before) << cut;
     }
     EXPECT_TRUE(frame.shown.empty());
     EXPECT_EQ(OpenBinaryFile(store, Path("missing.qmv")), 1);
+}
+
+TEST_F(QmvTest, ReadsFromAPipeAsFromAFile) {
+    // Catches a reader that trusts the size a file reports: a pipe reports none, and the
+    // bytes arrive in pieces smaller than the file.
+    const std::string path = Path("pipe.qmv");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    store.UI_RangeT1 = 55.5;
+    const auto bytes = BinaryFileBytes(store);
+    std::thread writer([&] {
+        std::FILE* out = std::fopen(path.c_str(), "wb");
+        if (!out) return;
+        for (std::size_t at = 0; at < bytes.size(); at += 1000)
+            std::fwrite(bytes.data() + at, 1, std::min<std::size_t>(1000, bytes.size() - at), out);
+        std::fclose(out);
+    });
+    clsExGlobalVars back;
+    InitializeDefaults(back);
+    const std::int32_t rc = OpenBinaryFile(back, path);
+    writer.join();
+    EXPECT_EQ(rc, 0);
+    EXPECT_EQ(back.UI_RangeT1, 55.5);
 }
 
 TEST_F(QmvTest, SavingOverALongerFileKeepsItsTailAndStillReads) {

@@ -109,7 +109,8 @@ TEST(Defaults, ModuleRecordCopiesTheUserInputInDeclaredOrder) {
         EXPECT_NE(f.name, "UI");  // the import cells are not user input
         if (f.name == "UI_AtmPress") {
             found = true;
-            EXPECT_EQ(f.values.at(0), qdf::Value(101.325));
+            ASSERT_EQ(f.values.size(), 1u);
+            EXPECT_EQ(f.values[0], qdf::Value(101.325));
         }
         if (f.name == "UI_DensTemp") {
             EXPECT_EQ(f.values.size(), 257u);

@@ -282,6 +282,20 @@ TEST(StoreRegistry, MembersByNameConvertLikeTheStoreSetters) {
     EXPECT_EQ(qdf::StoreMembers().front().name, "calc_DensitySigma");
 }
 
+TEST(StoreRegistry, EveryMemberIsFoundByItsOwnNameOnly) {
+    // Catches a hash index that loses a member to a collision or answers for a near miss.
+    const auto members = qdf::StoreMembers();
+    ASSERT_GT(members.size(), 300u);
+    for (const qdf::MemberInfo& m : members) {
+        EXPECT_EQ(qdf::FindMember(m.name), &m) << m.name;
+        const std::string name(m.name);
+        EXPECT_EQ(qdf::FindMember(name + " "), nullptr) << m.name;
+        EXPECT_EQ(qdf::FindMember(std::string(1, 'x') + name), nullptr) << m.name;
+    }
+    EXPECT_EQ(qdf::FindMember(""), nullptr);
+    EXPECT_EQ(qdf::FindMember("ui_petype"), nullptr);
+}
+
 TEST(InitializeUnits, RoleTableAndUserName) {
     // Catches a wrong role row, an unknown level that clears the role, and the frame's name
     // stored as a user name.
