@@ -19,14 +19,12 @@ template <bool kFill>
 class Writer {
   public:
     explicit Writer(std::uint8_t* to = nullptr) : to_(to) {}
-    void u8(std::uint8_t v) { le(v, 1); }
-    void le(std::uint64_t v, int bytes) {
-        if constexpr (kFill)
-            for (int i = 0; i < bytes; ++i) to_[n_ + i] = static_cast<std::uint8_t>(v >> (8 * i));
-        n_ += static_cast<std::size_t>(bytes);
-    }
+    void u8(std::uint8_t v) { put<1>(v); }
+    void u16(std::uint16_t v) { put<2>(v); }
+    void u32(std::uint32_t v) { put<4>(v); }
+    void u64(std::uint64_t v) { put<8>(v); }
     void text(std::string_view s) {
-        le(s.size(), 4);
+        u32(static_cast<std::uint32_t>(s.size()));
         if constexpr (kFill)
             if (!s.empty()) std::memcpy(to_ + n_, s.data(), s.size());
         n_ += s.size();
@@ -34,6 +32,13 @@ class Writer {
     std::size_t size() const { return n_; }
 
   private:
+    template <int kBytes>
+    void put(std::uint64_t v) {
+        if constexpr (kFill)
+            for (int i = 0; i < kBytes; ++i) to_[n_ + i] = static_cast<std::uint8_t>(v >> (8 * i));
+        n_ += kBytes;
+    }
+
     std::uint8_t* to_;
     std::size_t n_ = 0;
 };
@@ -41,16 +46,14 @@ class Writer {
 class Reader {
   public:
     explicit Reader(std::span<const std::uint8_t> b) : b_(b) {}
-    bool le(std::uint64_t& v, int bytes) {
-        if (b_.size() - pos_ < static_cast<std::size_t>(bytes)) return false;
-        v = 0;
-        for (int i = 0; i < bytes; ++i) v |= static_cast<std::uint64_t>(b_[pos_++]) << (8 * i);
-        return true;
-    }
+    bool u8(std::uint64_t& v) { return get<1>(v); }
+    bool u16(std::uint64_t& v) { return get<2>(v); }
+    bool u32(std::uint64_t& v) { return get<4>(v); }
+    bool u64(std::uint64_t& v) { return get<8>(v); }
     // The text points into the block read.
     bool text(std::string_view& s) {
         std::uint64_t n = 0;
-        if (!le(n, 4) || b_.size() - pos_ < n) return false;
+        if (!u32(n) || b_.size() - pos_ < n) return false;
         s = std::string_view(reinterpret_cast<const char*>(b_.data() + pos_), n);
         pos_ += n;
         return true;
@@ -58,6 +61,15 @@ class Reader {
     bool atEnd() const { return pos_ == b_.size(); }
 
   private:
+    template <int kBytes>
+    bool get(std::uint64_t& v) {
+        if (b_.size() - pos_ < kBytes) return false;
+        v = 0;
+        for (int i = 0; i < kBytes; ++i) v |= static_cast<std::uint64_t>(b_[pos_ + i]) << (8 * i);
+        pos_ += kBytes;
+        return true;
+    }
+
     std::span<const std::uint8_t> b_;
     std::size_t pos_ = 0;
 };
@@ -173,7 +185,7 @@ bool operator==(const PropertyBag& a, const PropertyBag& b) {
 std::vector<std::uint8_t> PropertyBag::Contents() const {
     auto walk = [this](auto& w) {
         for (char ch : kMagic) w.u8(static_cast<std::uint8_t>(ch));
-        w.le(entries_.size(), 4);
+        w.u32(static_cast<std::uint32_t>(entries_.size()));
         for (const Entry& e : entries_) {
             const Value& v = e.value;
             w.text(KeyOf(e));
@@ -185,22 +197,22 @@ std::vector<std::uint8_t> PropertyBag::Contents() const {
                     w.u8(*v.get_if<bool>() ? 1 : 0);
                     break;
                 case Value::Kind::Int16:
-                    w.le(static_cast<std::uint16_t>(*v.get_if<std::int16_t>()), 2);
+                    w.u16(static_cast<std::uint16_t>(*v.get_if<std::int16_t>()));
                     break;
                 case Value::Kind::Int32:
-                    w.le(static_cast<std::uint32_t>(*v.get_if<std::int32_t>()), 4);
+                    w.u32(static_cast<std::uint32_t>(*v.get_if<std::int32_t>()));
                     break;
                 case Value::Kind::Float:
-                    w.le(std::bit_cast<std::uint32_t>(*v.get_if<float>()), 4);
+                    w.u32(std::bit_cast<std::uint32_t>(*v.get_if<float>()));
                     break;
                 case Value::Kind::Double:
-                    w.le(std::bit_cast<std::uint64_t>(*v.get_if<double>()), 8);
+                    w.u64(std::bit_cast<std::uint64_t>(*v.get_if<double>()));
                     break;
                 case Value::Kind::String:
                     w.text(v.str());
                     break;
                 case Value::Kind::StringArray:
-                    w.le(v.strings().size(), 4);
+                    w.u32(static_cast<std::uint32_t>(v.strings().size()));
                     for (const std::string& s : v.strings()) w.text(s);
                     break;
             }
@@ -218,8 +230,8 @@ std::optional<PropertyBag> PropertyBag::FromBytes(std::span<const std::uint8_t> 
     if (bytes.size() < 8 || std::memcmp(bytes.data(), kMagic, 4) != 0) return std::nullopt;
     Reader r(bytes);
     std::uint64_t skip = 0, count = 0;
-    r.le(skip, 4);
-    if (!r.le(count, 4)) return std::nullopt;
+    r.u32(skip);
+    if (!r.u32(count)) return std::nullopt;
     PropertyBag bag;
     // The count is the block's word: an entry takes at least five bytes besides its key's
     // characters, so no more entries fit, and what is left over bounds the keys.
@@ -230,29 +242,29 @@ std::optional<PropertyBag> PropertyBag::FromBytes(std::span<const std::uint8_t> 
     for (std::uint64_t e = 0; e < count; ++e) {
         std::string_view key;
         std::uint64_t kind = 0, raw = 0;
-        if (!r.text(key) || !r.le(kind, 1)) return std::nullopt;
+        if (!r.text(key) || !r.u8(kind)) return std::nullopt;
         Value v;
         switch (static_cast<Value::Kind>(kind)) {
             case Value::Kind::Empty:
                 break;
             case Value::Kind::Bool:
-                if (!r.le(raw, 1) || raw > 1) return std::nullopt;
+                if (!r.u8(raw) || raw > 1) return std::nullopt;
                 v = Value(raw == 1);
                 break;
             case Value::Kind::Int16:
-                if (!r.le(raw, 2)) return std::nullopt;
+                if (!r.u16(raw)) return std::nullopt;
                 v = Value(static_cast<std::int16_t>(static_cast<std::uint16_t>(raw)));
                 break;
             case Value::Kind::Int32:
-                if (!r.le(raw, 4)) return std::nullopt;
+                if (!r.u32(raw)) return std::nullopt;
                 v = Value(static_cast<std::int32_t>(static_cast<std::uint32_t>(raw)));
                 break;
             case Value::Kind::Float:
-                if (!r.le(raw, 4)) return std::nullopt;
+                if (!r.u32(raw)) return std::nullopt;
                 v = Value(std::bit_cast<float>(static_cast<std::uint32_t>(raw)));
                 break;
             case Value::Kind::Double:
-                if (!r.le(raw, 8)) return std::nullopt;
+                if (!r.u64(raw)) return std::nullopt;
                 v = Value(std::bit_cast<double>(raw));
                 break;
             case Value::Kind::String: {
@@ -263,7 +275,7 @@ std::optional<PropertyBag> PropertyBag::FromBytes(std::span<const std::uint8_t> 
             }
             case Value::Kind::StringArray: {
                 std::uint64_t n = 0;
-                if (!r.le(n, 4)) return std::nullopt;
+                if (!r.u32(n)) return std::nullopt;
                 std::vector<std::string> list;
                 for (std::uint64_t i = 0; i < n; ++i) {
                     std::string_view s;

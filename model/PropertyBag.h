@@ -85,7 +85,7 @@ class PropertyBag {
     static constexpr std::uint32_t kNoEntry = 0xFFFFFFFFu;
 
     std::string_view KeyOf(const Entry& e) const {
-        return std::string_view(keys_).substr(e.keyAt, e.keyLength);
+        return std::string_view(keys_.data() + e.keyAt, e.keyLength);
     }
     // The slot holding key, or the free slot where it would go; the index must not be empty.
     std::size_t SlotFor(std::string_view key, std::size_t hash) const;
