@@ -1,5 +1,6 @@
 #include "clsExGlobalVars.h"
 
+#include <charconv>
 #include <stdexcept>
 #include <string_view>
 #include <vector>
@@ -390,6 +391,36 @@ std::string_view ArrayName(std::string_view entry) {
     return entry.ends_with('_') ? entry.substr(0, entry.size() - 1) : std::string_view();
 }
 
+// The bag's keys, "m_<member>" and "m_<array>_<index>", built in one buffer: thousands of them
+// are written and looked up per save and restore, and a string each would dominate both.
+class BagKey {
+  public:
+    BagKey() { buf_.reserve(64); }
+    std::string_view Scalar(std::string_view member) {
+        buf_.assign("m_").append(member);
+        return buf_;
+    }
+    // Sets the array whose element keys At and Tail give.
+    void Array(std::string_view array) {
+        buf_.assign("m_").append(array).push_back('_');
+        base_ = buf_.size();
+        buf_.resize(base_ + 16);  // room for any index
+    }
+    std::string_view At(std::int32_t i) {
+        const char* end = std::to_chars(buf_.data() + base_, buf_.data() + buf_.size(), i).ptr;
+        return std::string_view(buf_.data(), static_cast<std::size_t>(end - buf_.data()));
+    }
+    std::string_view Tail(std::string_view tail) {
+        buf_.resize(base_);
+        buf_.append(tail);
+        return buf_;
+    }
+
+  private:
+    std::string buf_;
+    std::size_t base_ = 0;
+};
+
 }  // namespace
 
 const std::vector<std::string_view>& PropertyBagOrder() {
@@ -551,19 +582,31 @@ void clsExGlobalVars::Terminate() {
 }
 
 void clsExGlobalVars::InitializePropertyBagFromVars() {
+    // Sized first, so that filling it never grows it: every key, and room for their characters
+    // (each array key is at most as long as the one of its top index or its "arrayIndex" key).
+    std::size_t count = 0, keyBytes = 0;
+    for (std::string_view entry : kBagOrder) {
+        if (std::string_view arr = ArrayName(entry); !arr.empty()) {
+            const std::size_t n = static_cast<std::size_t>(FindMember(arr)->upper(*this) + 2);
+            count += n;
+            keyBytes += n * (arr.size() + 3 + 10);
+        } else {
+            count += 1;
+            keyBytes += entry.size() + 2;
+        }
+    }
     auto bag = std::make_shared<PropertyBag>();
-    // The bag it replaces holds the same keys.
-    if (propertyBag) bag->Reserve(propertyBag->size());
+    bag->Reserve(count, keyBytes);
+    BagKey key;
     for (std::string_view entry : kBagOrder) {
         if (std::string_view arr = ArrayName(entry); !arr.empty()) {
             const MemberInfo& m = *FindMember(arr);
-            const std::string base = "m_" + std::string(arr) + "_";
+            key.Array(arr);
             const std::int32_t up = m.upper(*this);
-            for (std::int32_t i = 0; i <= up; ++i)
-                bag->WriteProperty(base + std::to_string(i), m.getAt(*this, i));
-            bag->WriteProperty(base + "arrayIndex", Value(up));
+            for (std::int32_t i = 0; i <= up; ++i) bag->WriteProperty(key.At(i), m.getAt(*this, i));
+            bag->WriteProperty(key.Tail("arrayIndex"), Value(up));
         } else {
-            bag->WriteProperty("m_" + std::string(entry), FindMember(entry)->get(*this));
+            bag->WriteProperty(key.Scalar(entry), FindMember(entry)->get(*this));
         }
     }
     propertyBag = std::move(bag);
@@ -572,15 +615,16 @@ void clsExGlobalVars::InitializePropertyBagFromVars() {
 void clsExGlobalVars::InitializeVarsFromPropertyBag() {
     if (!propertyBag) return;
     const PropertyBag& bag = *propertyBag;
+    BagKey key;
     // Errors are ignored key by key: a missing or unreadable key leaves its member as it was.
     // A missing key is looked for, not thrown for: a bag of an older revision lacks thousands.
     for (std::string_view entry : kBagOrder) {
         if (std::string_view arr = ArrayName(entry); !arr.empty()) {
             const MemberInfo& m = *FindMember(arr);
-            const std::string base = "m_" + std::string(arr) + "_";
+            key.Array(arr);
             const std::int32_t up = m.upper(*this);
             for (std::int32_t i = 0; i <= up; ++i) {
-                const Value* v = bag.Find(base + std::to_string(i));
+                const Value* v = bag.Find(key.At(i));
                 if (!v) continue;
                 try {
                     m.setAt(*this, i, *v);
@@ -588,7 +632,7 @@ void clsExGlobalVars::InitializeVarsFromPropertyBag() {
                 }
             }
         } else if (!NotReadBackFromBag(entry)) {
-            const Value* v = bag.Find("m_" + std::string(entry));
+            const Value* v = bag.Find(key.Scalar(entry));
             if (!v) continue;
             try {
                 FindMember(entry)->set(*this, *v);

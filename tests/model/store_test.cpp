@@ -61,7 +61,7 @@ std::vector<std::string> ExpectedBagKeys() {
 
 std::vector<std::string> KeysOf(const PropertyBag& bag) {
     std::vector<std::string> keys;
-    for (const auto& [k, v] : bag.entries()) keys.push_back(k);
+    for (const auto& [k, v] : bag.entries()) keys.emplace_back(k);
     return keys;
 }
 
