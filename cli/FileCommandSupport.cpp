@@ -1,7 +1,6 @@
 #include "FileCommandSupport.h"
 
 #include "Cli.h"
-#include "ComponentTables.h"
 #include "ModBinary.h"
 
 namespace qdf::cli {
