@@ -131,9 +131,28 @@ constexpr std::string_view kMgtReadBack[] = {
     "Mgt_Reserve20",
 };
 
+// Collects a list made at compile time: first counted (N = 0), then into an array of that size.
+template <class T, std::size_t N = 0>
+struct ListSink {
+    std::array<T, N> items{};
+    std::size_t filled = 0;
+
+    constexpr std::size_t size() const { return filled; }
+    constexpr std::size_t end() const { return filled; }
+    constexpr void push_back(const T& item) {
+        if constexpr (N > 0) items[filled] = item;
+        ++filled;
+    }
+    template <class It>
+    constexpr void insert(std::size_t, It first, It last) {
+        for (; first != last; ++first) push_back(*first);
+    }
+};
+
 // Blocks 2 to 9, flattened into one list of fields in file order.
-constexpr std::vector<Field> StoreFieldList() {
-    std::vector<Field> b = {
+template <class Out>
+constexpr void StoreFieldList(Out& b) {
+    const Field head[] = {
         {F::Int32, "UI_NeverUsedRecord"},  {F::Int32, "UI_PEType"},
         {F::String, "UI_PEName"},          {F::Double, "UI_PEDiameter"},
         {F::Int32, "UI_PEDiameterUnit"},   {F::Double, "UI_PETemp"},
@@ -144,6 +163,7 @@ constexpr std::vector<Field> StoreFieldList() {
         {F::Int32, "UI_FluidCat"},         {F::String, "UI_FluidName"},
         {F::String, "UI_ChemID"},
     };
+    b.insert(b.end(), std::begin(head), std::end(head));
     for (std::string_view m :
          {"UI_DtlTotalMole",   "UI_DtlMethaneMole",    "UI_DtlN2Mole",      "UI_DtlCO2Mole",
           "UI_DtlEthaneMole",  "UI_DtlPropaneMole",    "UI_DtlWaterMole",   "UI_DtlH2SMole",
@@ -293,14 +313,18 @@ constexpr std::vector<Field> StoreFieldList() {
         {F::String, "Xmtr_Reserve30"},
     };
     b.insert(b.end(), std::begin(xmtr), std::end(xmtr));
-    return b;
 }
 
+constexpr std::size_t kStoreFieldCount = [] {
+    ListSink<Field> count;
+    StoreFieldList(count);
+    return count.size();
+}();
+
 constexpr auto kStoreFields = [] {
-    std::array<Field, StoreFieldList().size()> fields{};
-    const std::vector<Field> list = StoreFieldList();
-    std::copy(list.begin(), list.end(), fields.begin());
-    return Resolved(fields);
+    ListSink<Field, kStoreFieldCount> fields;
+    StoreFieldList(fields);
+    return Resolved(fields.items);
 }();
 
 constexpr std::span<const Field> StoreBlocks() {
@@ -327,24 +351,30 @@ constexpr std::size_t FixedWidth(FieldType type) {
     }
 }
 
-constexpr std::vector<Stretch> StoreLayoutList() {
-    std::vector<Stretch> layout;
+template <class Out>
+constexpr void StoreLayoutList(Out& layout) {
+    Stretch run;
     for (const Field& f : kStoreFields) {
-        if (f.type == F::String)
+        if (f.type == F::String) {
+            if (run.bytes > 0) layout.push_back(run);
+            run = {};
             layout.push_back({true, 0});
-        else if (!layout.empty() && !layout.back().text)
-            layout.back().bytes += FixedWidth(f.type);
-        else
-            layout.push_back({false, FixedWidth(f.type)});
+        } else {
+            run.bytes += FixedWidth(f.type);
+        }
     }
-    return layout;
+    if (run.bytes > 0) layout.push_back(run);
 }
 
 constexpr auto kStoreLayout = [] {
-    std::array<Stretch, StoreLayoutList().size()> layout{};
-    const std::vector<Stretch> list = StoreLayoutList();
-    std::copy(list.begin(), list.end(), layout.begin());
-    return layout;
+    constexpr std::size_t stretches = [] {
+        ListSink<Stretch> count;
+        StoreLayoutList(count);
+        return count.size();
+    }();
+    ListSink<Stretch, stretches> layout;
+    StoreLayoutList(layout);
+    return layout.items;
 }();
 
 // The module's management record: one value per field of block 1, kept for the program's life.
