@@ -21,14 +21,11 @@ std::string ShortestDouble(double v) {
     return std::string(buf, res.ptr);
 }
 
-void LineBuilder::Sep() {
-    if (!first_) text_ += ',';
-    first_ = false;
-}
-
+// Each field goes in with one append where it can: its separator (none first on a line) is
+// written in front of it.
 LineBuilder& LineBuilder::Str(std::string_view text) {
-    Sep();
-    text_ += '"';
+    text_.append(first_ ? "\"" : ",\"");
+    first_ = false;
     for (std::size_t quote; (quote = text.find('"')) != std::string_view::npos;) {
         text_.append(text.data(), quote + 1);
         text_ += '"';
@@ -40,16 +37,18 @@ LineBuilder& LineBuilder::Str(std::string_view text) {
 }
 
 LineBuilder& LineBuilder::Dbl(double v) {
-    Sep();
     char buf[64];
-    text_.append(buf, std::to_chars(buf, buf + sizeof buf, v).ptr);
+    buf[0] = ',';
+    text_.append(first_ ? buf + 1 : buf, std::to_chars(buf + 1, std::end(buf), v).ptr);
+    first_ = false;
     return *this;
 }
 
 LineBuilder& LineBuilder::Int(std::int64_t v) {
-    Sep();
     char buf[24];
-    text_.append(buf, std::to_chars(buf, buf + sizeof buf, v).ptr);
+    buf[0] = ',';
+    text_.append(first_ ? buf + 1 : buf, std::to_chars(buf + 1, std::end(buf), v).ptr);
+    first_ = false;
     return *this;
 }
 

@@ -41,7 +41,6 @@ class LineBuilder {
     void Save(const std::string& path) const;
 
   private:
-    void Sep();
     std::string text_;
     bool first_ = true;
 };

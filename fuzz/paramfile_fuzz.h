@@ -8,6 +8,26 @@
 
 #include "store_fuzz.h"
 
+// The kept store at its initial values (FreshStore) for one input, set back when the input is
+// done rather than when the next one starts: then what the input stored in it is freed within
+// the input, and libFuzzer, which runs an input a second time as a leak check whenever it ends
+// holding more allocations than it began with, runs each input once.
+class InputStore {
+  public:
+    InputStore() : store_(First()) {}
+    ~InputStore() { FreshStore(); }
+    InputStore(const InputStore&) = delete;
+    InputStore& operator=(const InputStore&) = delete;
+    qdf::clsExGlobalVars& get() const { return store_; }
+
+  private:
+    static qdf::clsExGlobalVars& First() {
+        static qdf::clsExGlobalVars& store = FreshStore();
+        return store;
+    }
+    qdf::clsExGlobalVars& store_;
+};
+
 inline std::string_view PrepareStore(qdf::clsExGlobalVars& store, const uint8_t* data,
                                      size_t size) {
     if (size == 0) return {};

@@ -57,23 +57,27 @@ std::size_t FirstHighByte(std::string_view text) {
     return i;
 }
 
-// The converted form sized exactly first, so the text is written in place in one allocation.
+// Converted a piece at a time on the stack and appended, so the text is never zero-filled
+// first; the room reserved is what the longest forms (three bytes a byte) could take.
 void ConvertInto(std::string& out, std::string_view ansi, std::size_t asciiPrefix) {
-    const std::string_view high = ansi.substr(asciiPrefix);
-    std::size_t size = asciiPrefix;
-    for (char c : high) size += kUtf8Forms[static_cast<unsigned char>(c)].size;
-    out.resize(size + 2);  // the last form's padding
-    char* p = out.data();
-    ansi.copy(p, asciiPrefix);
-    p += asciiPrefix;
-    for (char c : high) {
-        const Utf8Form& f = kUtf8Forms[static_cast<unsigned char>(c)];
-        p[0] = f.bytes[0];
-        p[1] = f.bytes[1];
-        p[2] = f.bytes[2];
-        p += f.size;
+    constexpr std::size_t kPiece = 64;
+    std::string_view high = ansi.substr(asciiPrefix);
+    out.reserve(asciiPrefix + 3 * high.size());
+    out.assign(ansi.substr(0, asciiPrefix));
+    char converted[3 * kPiece];
+    while (!high.empty()) {
+        const std::string_view piece = high.substr(0, kPiece);
+        char* p = converted;
+        for (char c : piece) {
+            const Utf8Form& f = kUtf8Forms[static_cast<unsigned char>(c)];
+            p[0] = f.bytes[0];
+            p[1] = f.bytes[1];
+            p[2] = f.bytes[2];
+            p += f.size;
+        }
+        out.append(converted, p);
+        high.remove_prefix(piece.size());
     }
-    out.resize(size);
 }
 
 char AnsiOf(char32_t cp) {

@@ -213,7 +213,9 @@ std::optional<double> ParseNumber(std::string_view text, const NumberSeparators&
     const size_t intStart = n;
     while (i < s.size() && digit(s[i])) {
         out[n++] = s[i++];
-        if (at(i, group) && i + group.size() < s.size() && digit(s[i + group.size()]))
+        // A separator is looked for only where the digits stop.
+        if (i < s.size() && !digit(s[i]) && at(i, group) && i + group.size() < s.size() &&
+            digit(s[i + group.size()]))
             i += group.size();
     }
     const std::string_view intDigits(out + intStart, n - intStart);
