@@ -308,7 +308,9 @@ class UIReader {
             Store(i + 1, Value(CellToDouble(pair[1])));
             Advance(2);
         } else {
-            Advance();
+            // Past the last section nothing is read again: the counter would only run on, one
+            // step at a time, to its overflow.
+            throw std::overflow_error("cell index overflow");
         }
     }
 
