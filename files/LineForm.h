@@ -74,6 +74,7 @@ class LineReader {
     std::size_t cr_ = 0;
     std::size_t lf_ = 0;
 };
+
 // The file's lines; throws FileAccessError when it cannot be opened.
 std::vector<std::string> ReadLines(const std::string& path);
 // The file's bytes as they stand; throws FileAccessError when it cannot be opened.
@@ -103,6 +104,7 @@ class FieldReader {
     std::string_view rest_;
     bool done_ = false;
 };
+
 // The text without one enclosing pair of double quotes (each end is dropped if it is a quote).
 std::string_view WithoutQuotes(std::string_view text);
 
