@@ -1,5 +1,6 @@
 #include "LineForm.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <fstream>
@@ -10,6 +11,7 @@
 #include "AnsiText.h"
 #include "FileErrors.h"
 #include "NumberText.h"
+#include "StoreRegistry.h"
 
 namespace qdf {
 
@@ -19,31 +21,34 @@ std::string ShortestDouble(double v) {
     return std::string(buf, res.ptr);
 }
 
-void LineBuilder::Sep() {
-    if (!first_) text_ += ',';
-    first_ = false;
-}
-
+// Each field goes in with one append where it can: its separator (none first on a line) is
+// written in front of it.
 LineBuilder& LineBuilder::Str(std::string_view text) {
-    Sep();
-    text_ += '"';
-    for (char ch : text) {
-        if (ch == '"') text_ += '"';
-        text_ += ch;
+    text_.append(first_ ? "\"" : ",\"");
+    first_ = false;
+    for (std::size_t quote; (quote = text.find('"')) != std::string_view::npos;) {
+        text_.append(text.data(), quote + 1);
+        text_ += '"';
+        text.remove_prefix(quote + 1);
     }
+    text_ += text;
     text_ += '"';
     return *this;
 }
 
 LineBuilder& LineBuilder::Dbl(double v) {
-    Sep();
-    text_ += ShortestDouble(v);
+    char buf[64];
+    buf[0] = ',';
+    text_.append(first_ ? buf + 1 : buf, std::to_chars(buf + 1, std::end(buf), v).ptr);
+    first_ = false;
     return *this;
 }
 
 LineBuilder& LineBuilder::Int(std::int64_t v) {
-    Sep();
-    text_ += std::to_string(v);
+    char buf[24];
+    buf[0] = ',';
+    text_.append(first_ ? buf + 1 : buf, std::to_chars(buf + 1, std::end(buf), v).ptr);
+    first_ = false;
     return *this;
 }
 
@@ -65,18 +70,30 @@ void SaveText(const std::string& utf8, const std::string& path) {
     if (!out) throw std::runtime_error("write failed: " + path);
 }
 
+LineReader::LineReader(std::string_view ansiText)
+    : text_(AnsiAsUtf8(ansiText, utf8_)), cr_(Find('\r')), lf_(Find('\n')) {}
+
+std::size_t LineReader::Find(char c) const {
+    const std::size_t at = text_.find(c, pos_);
+    return at == std::string_view::npos ? text_.size() : at;
+}
+
+std::string_view LineReader::Next() {
+    if (cr_ < pos_) cr_ = Find('\r');
+    if (lf_ < pos_) lf_ = Find('\n');
+    const std::size_t end = std::min(cr_, lf_);
+    const std::string_view line = text_.substr(pos_, end - pos_);
+    pos_ = end;
+    if (end == text_.size()) return line;
+    // CR LF ends one line; an LF at the text's size is no LF.
+    const bool crlf = end == cr_ && lf_ == end + 1 && lf_ < text_.size();
+    pos_ += crlf ? 2 : 1;
+    return line;
+}
+
 std::vector<std::string> SplitLines(std::string_view ansiText) {
     std::vector<std::string> lines;
-    std::size_t start = 0;
-    const std::size_t n = ansiText.size();
-    for (std::size_t i = 0; i < n; ++i) {
-        const char ch = ansiText[i];
-        if (ch != '\r' && ch != '\n') continue;
-        lines.push_back(AnsiToUtf8(ansiText.substr(start, i - start)));
-        if (ch == '\r' && i + 1 < n && ansiText[i + 1] == '\n') ++i;
-        start = i + 1;
-    }
-    if (start < n) lines.push_back(AnsiToUtf8(ansiText.substr(start)));
+    for (LineReader reader(ansiText); !reader.AtEnd();) lines.emplace_back(reader.Next());
     return lines;
 }
 
@@ -118,10 +135,28 @@ std::vector<std::string_view> SplitFields(std::string_view row) {
     }
 }
 
+std::string_view FieldReader::Next() {
+    const auto comma = rest_.find(',');
+    if (comma == std::string_view::npos) {
+        done_ = true;
+        return rest_;
+    }
+    const std::string_view field = rest_.substr(0, comma);
+    rest_.remove_prefix(comma + 1);
+    return field;
+}
+
 std::string_view WithoutQuotes(std::string_view text) {
     if (!text.empty() && text.front() == '"') text.remove_prefix(1);
     if (!text.empty() && text.back() == '"') text.remove_suffix(1);
     return text;
+}
+
+const MemberInfo& RowMember(std::string_view name, int dims) {
+    const MemberInfo* m = FindMember(name);
+    if (!m || m->dims != dims || m->kind == MemberKind::Link)
+        throw std::logic_error("no store member " + std::string(name) + " of that shape");
+    return *m;
 }
 
 double CellToDouble(std::string_view cell) {

@@ -20,11 +20,17 @@ struct CellRow {
     const char* label;
     char type;
     const char* member;
+    const MemberInfo* info = nullptr;  // the member, found when the table is built
 };
+
+std::vector<CellRow> Bound(std::vector<CellRow> rows) {
+    for (CellRow& r : rows) r.info = &RowMember(r.member, 0);
+    return rows;
+}
 
 // Cells 0 to 57: one row each, the row number being the cell index.
 const std::vector<CellRow>& HeadRows() {
-    static const std::vector<CellRow> rows = {
+    static const std::vector<CellRow> rows = Bound({
         {0, "Never used record:", 'I', "UI_NeverUsedRecord"},
         {1, "Primary Device Type", 'I', "UI_PEType"},
         {2, "Primary Device subcode", 'S', "UI_PESubCodeName"},
@@ -83,15 +89,18 @@ const std::vector<CellRow>& HeadRows() {
         {55, "Temperature Reference", 'D', "UI_TempRef"},
         {56, "Temperature Reference Unit", 'I', "UI_TempRefUnit"},
         {57, "Density Unit", 'I', "UI_DensUnit"},
-    };
+    });
     return rows;
 }
 
-constexpr CellRow kViscUnitRow = {834, "Viscosity Unit", 'I', "UI_ViscUnit"};
+const CellRow& ViscUnitRow() {
+    static const CellRow row = Bound({{834, "Viscosity Unit", 'I', "UI_ViscUnit"}}).front();
+    return row;
+}
 
 // Cells 902 to 946 (905 is the empty-string line between the two groups).
 const std::vector<CellRow>& TailRows() {
-    static const std::vector<CellRow> rows = {
+    static const std::vector<CellRow> rows = Bound({
         {902, "Reference Density Value", 'D', "UI_RefDensValue"},
         {903, "Reference Density Unit", 'I', "UI_RefDensUnit"},
         {904, "Isentropic Exponent Value", 'D', "UI_IsenExpValue"},
@@ -136,7 +145,7 @@ const std::vector<CellRow>& TailRows() {
         {944, "Reserve 28", 'D', "UI_Reserve28"},
         {945, "Reserve 29", 'D', "UI_Reserve29"},
         {946, "Reserve 30", 'D', "UI_Reserve30"},
-    };
+    });
     return rows;
 }
 
@@ -156,7 +165,7 @@ std::int32_t InRange(std::int32_t v, std::int32_t high) {
 
 void WriteRow(LineBuilder& out, const clsExGlobalVars& s, const CellRow& r) {
     out.Str(r.label);
-    const Value v = GetMember(s, r.member);
+    const Value v = r.info->get(s);
     if (r.type == 'S')
         out.Str(v.str());
     else if (r.type == 'D')
@@ -193,16 +202,16 @@ void Distribute(clsExGlobalVars& s, const CellRow& r) {
     const Value& cell = s.UI.at(r.cell);
     switch (r.type) {
         case 'S':
-            SetMember(s, r.member, Value(TextOfCell(cell)));
+            r.info->set(s, Value(TextOfCell(cell)));
             break;
         case 'D':
-            SetMember(s, r.member, Value(NumberOfCell(cell)));
+            r.info->set(s, Value(NumberOfCell(cell)));
             break;
         case 'H':
-            SetMember(s, r.member, Value(IntOfCell<std::int16_t>(cell)));
+            r.info->set(s, Value(IntOfCell<std::int16_t>(cell)));
             break;
         default:
-            SetMember(s, r.member, Value(IntOfCell<std::int32_t>(cell)));
+            r.info->set(s, Value(IntOfCell<std::int32_t>(cell)));
     }
 }
 
@@ -210,17 +219,17 @@ void Distribute(clsExGlobalVars& s, const CellRow& r) {
 // keeps counting without reading, so a file with rows beyond "Reserve 30" ends in its overflow.
 class UIReader {
   public:
-    UIReader(clsExGlobalVars& s, std::vector<std::string> lines)
-        : s_(s), lines_(std::move(lines)), P_(s.Mgt_GasDensPressDiv) {}
+    UIReader(clsExGlobalVars& s, std::string_view ansiText)
+        : s_(s), lines_(ansiText), P_(s.Mgt_GasDensPressDiv) {}
 
     void Run() {
-        while (next_ < lines_.size()) Step();
+        while (!lines_.AtEnd()) Step();
     }
     bool gas() const { return gas_; }
     const std::string& fluidName() const { return fluidName_; }
 
   private:
-    std::string_view Read() { return lines_[next_++]; }
+    std::string_view Read() { return lines_.Next(); }
     void Advance(std::int32_t by = 1) {
         if (index_ + by > std::numeric_limits<std::int16_t>::max())
             throw std::overflow_error("cell index overflow");
@@ -229,14 +238,14 @@ class UIReader {
     void Store(std::int32_t at, Value v) { s_.UI.at(at) = std::move(v); }
     // All fields but the first, from the cell `at` on.
     void StoreFields(std::string_view row, std::int32_t at) {
-        const auto fields = SplitFields(row);
-        for (std::size_t k = 1; k < fields.size(); ++k)
-            Store(at + static_cast<std::int32_t>(k - 1), Value(std::string(fields[k])));
+        FieldReader fields(row);
+        fields.Next();
+        while (!fields.AtEnd()) Store(at++, Value(std::string(fields.Next())));
     }
     void StoreFieldsAppending(std::string_view row) {
-        const auto fields = SplitFields(row);
-        for (std::size_t k = 1; k < fields.size(); ++k)
-            Store(append_++, Value(std::string(fields[k])));
+        FieldReader fields(row);
+        fields.Next();
+        while (!fields.AtEnd()) Store(append_++, Value(std::string(fields.Next())));
     }
     // One of the P-row blocks of a gas: P rows appended from `start`, then on to `then`.
     void GasBlock(std::int32_t start, std::int32_t then) {
@@ -254,10 +263,10 @@ class UIReader {
         const Kind kind = KindOf(gas_, fluidName_);
         const std::int32_t i = index_;
         if (i <= 57) {
-            const std::string cell(CellOf(Read()));
+            const std::string_view cell = CellOf(Read());
             if (i == 14) gas_ = cell == "2";
-            if (i == 16) fluidName_ = std::string(WithoutQuotes(cell));
-            Store(i, Value(cell));
+            if (i == 16) fluidName_.assign(WithoutQuotes(cell));
+            Store(i, Value(std::string(cell)));
             Advance();
         } else if (i <= 59) {
             Read();
@@ -288,19 +297,25 @@ class UIReader {
             Store(i, Value(std::string(CellOf(Read()))));
             Advance();
         } else if (i <= 900) {
-            const auto fields = SplitFields(Read());
-            if (fields.size() < 3) throw std::out_of_range("viscosity row lacks a field");
-            Store(i, Value(CellToDouble(fields[1])));
-            Store(i + 1, Value(CellToDouble(fields[2])));
+            FieldReader fields(Read());
+            fields.Next();
+            std::string_view pair[2];
+            for (std::string_view& field : pair) {
+                if (fields.AtEnd()) throw std::out_of_range("viscosity row lacks a field");
+                field = fields.Next();
+            }
+            Store(i, Value(CellToDouble(pair[0])));
+            Store(i + 1, Value(CellToDouble(pair[1])));
             Advance(2);
         } else {
-            Advance();
+            // Past the last section nothing is read again: the counter would only run on, one
+            // step at a time, to its overflow.
+            throw std::overflow_error("cell index overflow");
         }
     }
 
     clsExGlobalVars& s_;
-    std::vector<std::string> lines_;
-    std::size_t next_ = 0;
+    LineReader lines_;
     std::int32_t index_ = 0;
     std::int32_t P_;
     std::int32_t rowsRead_ = 0;
@@ -309,7 +324,17 @@ class UIReader {
     std::string fluidName_;
 };
 
+// The table members, found once.
+struct TableMembers {
+    const MemberInfo& densTemp = RowMember("UI_DensTemp", 1);
+    const MemberInfo& densAbsPress = RowMember("UI_DensAbsPress", 1);
+    const MemberInfo& dens = RowMember("UI_Dens", 1);
+    const MemberInfo& viscTemp = RowMember("UI_ViscTemp", 1);
+    const MemberInfo& visc = RowMember("UI_Visc", 1);
+};
+
 void DistributeTables(clsExGlobalVars& s, Kind kind) {
+    static const TableMembers m;
     // Grid sizes come from a file too: 64-bit cell arithmetic, the bounds check decides.
     const auto cell = [&s](std::int64_t at) { return Value(NumberOfCell(s.UI.at(at))); };
     if (kind == Kind::Gas) {
@@ -319,39 +344,39 @@ void DistributeTables(clsExGlobalVars& s, Kind kind) {
         std::int32_t k = 0;
         for (std::int64_t c = 0; c < N; ++c)
             for (std::int64_t r = 0; r < P; ++r, ++k) {
-                SetElement(s, "UI_DensTemp", k, cell(60 + c + r * N));
-                SetElement(s, "UI_DensAbsPress", k, cell(318 + c + r * N));
+                m.densTemp.setAt(s, k, cell(60 + c + r * N));
+                m.densAbsPress.setAt(s, k, cell(318 + c + r * N));
             }
         k = 0;
         for (std::int64_t c = 0; c < N; ++c)
-            for (std::int64_t r = 0; r < P; ++r, ++k)
-                SetElement(s, "UI_Dens", k, cell(577 + c + r * N));
+            for (std::int64_t r = 0; r < P; ++r, ++k) m.dens.setAt(s, k, cell(577 + c + r * N));
     } else {
         const std::int32_t count = kind == Kind::Steam ? s.Mgt_GasDensDiv : s.Mgt_LqdDensTempDiv;
         for (std::int32_t i = 0; i < count; ++i) {
-            SetElement(s, "UI_DensTemp", i, cell(60 + i));
-            if (kind == Kind::Steam) SetElement(s, "UI_DensAbsPress", i, cell(318 + i));
+            m.densTemp.setAt(s, i, cell(60 + i));
+            if (kind == Kind::Steam) m.densAbsPress.setAt(s, i, cell(318 + i));
         }
-        for (std::int32_t i = 0; i < count; ++i) SetElement(s, "UI_Dens", i, cell(577 + i));
+        for (std::int32_t i = 0; i < count; ++i) m.dens.setAt(s, i, cell(577 + i));
     }
     for (std::int32_t i = 0; i < 32; ++i) {
-        SetElement(s, "UI_ViscTemp", i, cell(837 + 2 * i));
-        SetElement(s, "UI_Visc", i, cell(838 + 2 * i));
+        m.viscTemp.setAt(s, i, cell(837 + 2 * i));
+        m.visc.setAt(s, i, cell(838 + 2 * i));
     }
 }
 
 }  // namespace
 
 std::string UIFileText(const clsExGlobalVars& s) {
-    LineBuilder out;
-    for (const CellRow& r : HeadRows()) WriteRow(out, s, r);
-
     const Kind kind = KindOf(s.UI_FluidType == 2, s.UI_FluidName);
     const std::int32_t N = InRange(s.Mgt_GasDensTempDiv, 16);
     // A gas grid without columns has no rows either.
     const std::int32_t P = N == 0 ? 0 : InRange(s.Mgt_GasDensPressDiv, 16);
     const std::int32_t L = InRange(s.Mgt_LqdDensTempDiv, 16);
     const std::int32_t G = InRange(s.Mgt_GasDensDiv, 20);
+
+    // The fixed rows take about 4 kB, a table number at most 25 bytes.
+    LineBuilder out(4096 + 25 * static_cast<std::size_t>(4 * N * P + 3 * (G + L)));
+    for (const CellRow& r : HeadRows()) WriteRow(out, s, r);
     const auto row = [&out](const char* first, const auto& array, std::int32_t from,
                             std::int32_t count, std::int32_t step) {
         out.Str(first);
@@ -398,7 +423,7 @@ std::string UIFileText(const clsExGlobalVars& s) {
     }
     out.End();
 
-    WriteRow(out, s, kViscUnitRow);
+    WriteRow(out, s, ViscUnitRow());
     out.Str("").End();
     out.Str("Pressure").Str("Temperature").Str("Viscosity").End();
     for (std::int32_t i = 0; i < 32; ++i)
@@ -409,7 +434,7 @@ std::string UIFileText(const clsExGlobalVars& s) {
         if (r.cell == 906) out.Str("").End();
         WriteRow(out, s, r);
     }
-    return out.Text();
+    return out.TakeText();
 }
 
 void ExportUIFile(clsExGlobalVars& store, const std::string& path) {
@@ -418,10 +443,10 @@ void ExportUIFile(clsExGlobalVars& store, const std::string& path) {
 
 std::int32_t ImportUIText(clsExGlobalVars& store, std::string_view ansiText) {
     try {
-        UIReader reader(store, SplitLines(ansiText));
+        UIReader reader(store, ansiText);
         reader.Run();
         for (const CellRow& r : HeadRows()) Distribute(store, r);
-        Distribute(store, kViscUnitRow);
+        Distribute(store, ViscUnitRow());
         for (const CellRow& r : TailRows()) Distribute(store, r);
         DistributeTables(store, KindOf(reader.gas(), reader.fluidName()));
         return 0;

@@ -19,6 +19,9 @@ struct Row {
     std::string member;     // written from, and read into unless `into` says otherwise
     std::int32_t index;     // array element, -1 for a scalar
     std::string into = {};  // import target when it differs from the export source
+    // Found when the table is built.
+    const MemberInfo* from = nullptr;
+    const MemberInfo* to = nullptr;
 };
 
 const std::vector<Row>& XmtrRows() {
@@ -73,6 +76,10 @@ const std::vector<Row>& XmtrRows() {
         for (int i = 21; i <= 30; ++i)
             r.push_back({"Reserve " + std::to_string(i), Cell::String,
                          "Xmtr_Reserve" + std::to_string(i), -1});
+        for (Row& row : r) {
+            row.from = &RowMember(row.member, row.index < 0 ? 0 : 1);
+            row.to = row.into.empty() ? row.from : &RowMember(row.into, 0);
+        }
         return r;
     }();
     return rows;
@@ -82,6 +89,7 @@ struct MgtRow {
     std::int32_t row;
     Cell type;
     const char* member;
+    const MemberInfo* info = nullptr;  // found when the table is built
 };
 
 // Rows 3, 4, 7 and 18 have no member.
@@ -117,13 +125,14 @@ const std::vector<MgtRow>& MgtRows() {
             "Mgt_Reserve16",  "Mgt_Reserve17", "Mgt_Reserve18", "Mgt_Reserve19", "Mgt_Reserve20"};
         for (int i = 0; i < 20; ++i)
             r.push_back({25 + i, i < 10 ? Cell::Int : Cell::String, reserves[i]});
+        for (MgtRow& row : r) row.info = &RowMember(row.member, 0);
         return r;
     }();
     return rows;
 }
 
 // Number cells convert by the general numeric test; strings are taken as they stand.
-Value Convert(Cell type, const std::string& cell) {
+Value Convert(Cell type, std::string_view cell) {
     switch (type) {
         case Cell::Double:
             return Value(CellToDouble(cell));
@@ -132,16 +141,16 @@ Value Convert(Cell type, const std::string& cell) {
         case Cell::String:
             break;
     }
-    return Value(cell);
+    return Value(std::string(cell));
 }
 
 // Every row's cell into the array, from row 0; an array too short for the file ends the read.
 template <class Array>
 bool ReadCells(std::string_view text, Array& cells) {
-    const std::vector<std::string> lines = SplitLines(text);
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (i > static_cast<std::size_t>(Array::upper())) return false;
-        cells.at(static_cast<std::int64_t>(i)) = std::string(CellOf(lines[i]));
+    LineReader lines(text);
+    for (std::int64_t i = 0; !lines.AtEnd(); ++i) {
+        if (i > Array::upper()) return false;
+        cells.at(i).assign(CellOf(lines.Next()));
     }
     return true;
 }
@@ -149,11 +158,10 @@ bool ReadCells(std::string_view text, Array& cells) {
 }  // namespace
 
 std::string XmtrFileText(const clsExGlobalVars& store) {
-    LineBuilder out;
+    LineBuilder out(4096);
     for (const Row& r : XmtrRows()) {
         out.Str(r.label);
-        const Value v =
-            r.index < 0 ? GetMember(store, r.member) : GetElement(store, r.member, r.index);
+        const Value v = r.index < 0 ? r.from->get(store) : r.from->getAt(store, r.index);
         switch (r.type) {
             case Cell::Double:
                 out.Dbl(v.toDouble());
@@ -167,7 +175,7 @@ std::string XmtrFileText(const clsExGlobalVars& store) {
         }
         out.End();
     }
-    return out.Text();
+    return out.TakeText();
 }
 
 void ExportXmtrFile(clsExGlobalVars& store, const std::string& path) {
@@ -182,11 +190,11 @@ std::int32_t ImportXmtrText(clsExGlobalVars& store, std::string_view ansiText) {
             const Row& r = rows[i];
             const std::string& cell = store.Xmtr.at(static_cast<std::int64_t>(i));
             if (!r.into.empty()) {
-                SetMember(store, r.into, Value(static_cast<double>(CellToInt32(cell))));
+                r.to->set(store, Value(static_cast<double>(CellToInt32(cell))));
             } else if (r.index < 0) {
-                SetMember(store, r.member, Convert(r.type, cell));
+                r.to->set(store, Convert(r.type, cell));
             } else {
-                SetElement(store, r.member, r.index, Convert(r.type, cell));
+                r.to->setAt(store, r.index, Convert(r.type, cell));
             }
         }
         return 0;
@@ -202,8 +210,7 @@ std::int32_t ImportXmtrFile(clsExGlobalVars& store, const std::string& path) {
 std::int32_t ImportMgtText(clsExGlobalVars& store, std::string_view ansiText) {
     try {
         if (!ReadCells(ansiText, store.Mgt)) return 1;
-        for (const MgtRow& r : MgtRows())
-            SetMember(store, r.member, Convert(r.type, store.Mgt.at(r.row)));
+        for (const MgtRow& r : MgtRows()) r.info->set(store, Convert(r.type, store.Mgt.at(r.row)));
         return 0;
     } catch (const std::exception&) {
         return 1;

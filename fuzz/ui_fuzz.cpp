@@ -4,7 +4,8 @@
 #include "paramfile_fuzz.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    qdf::clsExGlobalVars& store = FreshStore();
+    const InputStore input;
+    qdf::clsExGlobalVars& store = input.get();
     const std::string_view text = PrepareStore(store, data, size);
     const std::int32_t rc = qdf::ImportUIText(store, text);
     if (rc != 0 && rc != 1) std::abort();

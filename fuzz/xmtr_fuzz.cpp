@@ -4,12 +4,12 @@
 #include "paramfile_fuzz.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    qdf::clsExGlobalVars& store = FreshStore();
+    const InputStore input;
+    qdf::clsExGlobalVars& store = input.get();
     const std::string_view text = PrepareStore(store, data, size);
     const std::int32_t rc = qdf::ImportXmtrText(store, text);
     if (rc != 0 && rc != 1) std::abort();
-    std::size_t ends = 0;
-    for (char c : text) ends += c == '\n' || c == '\r';
+    const std::size_t ends = LineEndCharacters(text);
     // Over 300 line-end characters are over 150 rows: more than the cell array holds.
     if (ends > 300 && (rc == 0 || store.Xmtr_PDCode != qdf::kNotEntered)) std::abort();
     (void)qdf::XmtrFileText(store);

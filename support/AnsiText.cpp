@@ -1,6 +1,8 @@
 #include "AnsiText.h"
 
+#include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace qdf {
 
@@ -14,16 +16,67 @@ constexpr char32_t kHighControls[32] = {
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 0x98
 };
 
-void AppendUtf8(std::string& out, char32_t cp) {
-    if (cp < 0x80) {
-        out.push_back(static_cast<char>(cp));
-    } else if (cp < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | (cp >> 6)));
-        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
-    } else {
-        out.push_back(static_cast<char>(0xE0 | (cp >> 12)));
-        out.push_back(static_cast<char>(0x80 | ((cp >> 6) & 0x3F)));
-        out.push_back(static_cast<char>(0x80 | (cp & 0x3F)));
+// Every byte's UTF-8 form, padded to three bytes, and its length: converting a byte is one
+// look-up and three stores, with no test on the byte.
+struct Utf8Form {
+    char bytes[3];
+    unsigned char size;
+};
+
+constexpr std::array<Utf8Form, 256> MakeUtf8Forms() {
+    std::array<Utf8Form, 256> forms{};
+    for (unsigned b = 0; b < 256; ++b) {
+        const char32_t cp = b >= 0x80 && b < 0xA0 ? kHighControls[b - 0x80] : char32_t{b};
+        Utf8Form& f = forms[b];
+        if (cp < 0x80) {
+            f = {{static_cast<char>(cp), 0, 0}, 1};
+        } else if (cp < 0x800) {
+            f = {{static_cast<char>(0xC0 | (cp >> 6)), static_cast<char>(0x80 | (cp & 0x3F)), 0},
+                 2};
+        } else {
+            f = {
+                {static_cast<char>(0xE0 | (cp >> 12)), static_cast<char>(0x80 | ((cp >> 6) & 0x3F)),
+                 static_cast<char>(0x80 | (cp & 0x3F))},
+                3};
+        }
+    }
+    return forms;
+}
+
+constexpr std::array<Utf8Form, 256> kUtf8Forms = MakeUtf8Forms();
+
+// The first byte from 0x80 up, or the text's size when it is plain ASCII. Eight bytes at a time
+// while none has its top bit set.
+std::size_t FirstHighByte(std::string_view text) {
+    std::size_t i = 0;
+    for (std::uint64_t word; i + 8 <= text.size(); i += 8) {
+        std::memcpy(&word, text.data() + i, 8);
+        if (word & 0x8080808080808080u) break;
+    }
+    while (i < text.size() && static_cast<unsigned char>(text[i]) < 0x80) ++i;
+    return i;
+}
+
+// Converted a piece at a time on the stack and appended, so the text is never zero-filled
+// first; the room reserved is what the longest forms (three bytes a byte) could take.
+void ConvertInto(std::string& out, std::string_view ansi, std::size_t asciiPrefix) {
+    constexpr std::size_t kPiece = 64;
+    std::string_view high = ansi.substr(asciiPrefix);
+    out.reserve(asciiPrefix + 3 * high.size());
+    out.assign(ansi.substr(0, asciiPrefix));
+    char converted[3 * kPiece];
+    while (!high.empty()) {
+        const std::string_view piece = high.substr(0, kPiece);
+        char* p = converted;
+        for (char c : piece) {
+            const Utf8Form& f = kUtf8Forms[static_cast<unsigned char>(c)];
+            p[0] = f.bytes[0];
+            p[1] = f.bytes[1];
+            p[2] = f.bytes[2];
+            p += f.size;
+        }
+        out.append(converted, p);
+        high.remove_prefix(piece.size());
     }
 }
 
@@ -38,18 +91,22 @@ char AnsiOf(char32_t cp) {
 
 std::string AnsiToUtf8(std::string_view ansi) {
     std::string out;
-    out.reserve(ansi.size());
-    for (char c : ansi) {
-        auto b = static_cast<unsigned char>(c);
-        AppendUtf8(out, b >= 0x80 && b < 0xA0 ? kHighControls[b - 0x80] : char32_t{b});
-    }
+    ConvertInto(out, ansi, FirstHighByte(ansi));
     return out;
+}
+
+std::string_view AnsiAsUtf8(std::string_view ansi, std::string& buffer) {
+    const std::size_t ascii = FirstHighByte(ansi);
+    if (ascii == ansi.size()) return ansi;
+    ConvertInto(buffer, ansi, ascii);
+    return buffer;
 }
 
 std::string Utf8ToAnsi(std::string_view utf8) {
     std::string out;
     out.reserve(utf8.size());
-    size_t i = 0;
+    size_t i = FirstHighByte(utf8);
+    out.append(utf8.substr(0, i));
     const size_t n = utf8.size();
     auto byte = [&](size_t k) { return static_cast<unsigned char>(utf8[k]); };
     while (i < n) {

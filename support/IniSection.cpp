@@ -69,8 +69,8 @@ std::string_view TrimBlanks(std::string_view s) {
 }
 
 void TakeLine(std::string_view raw, clsIniSection*& current, IniSections& out) {
-    std::string converted = AnsiToUtf8(raw);
-    std::string_view line = TrimBlanks(converted);
+    std::string converted;
+    std::string_view line = TrimBlanks(AnsiAsUtf8(raw, converted));
     if (line.empty() || line.front() == ';') return;
     if (line.size() >= 2 && line.front() == '[' && line.back() == ']') {
         current = &out.GetOrAdd(line.substr(1, line.size() - 2));

@@ -176,7 +176,8 @@ std::string FormatNumber(double v, std::string_view pattern) {
 }
 
 std::optional<double> ParseNumber(std::string_view text) {
-    return ParseNumber(text, NumberSeparators{});
+    static const NumberSeparators kFileForm;
+    return ParseNumber(text, kFileForm);
 }
 
 std::optional<double> ParseNumber(std::string_view text, const NumberSeparators& seps) {
@@ -189,22 +190,44 @@ std::optional<double> ParseNumber(std::string_view text, const NumberSeparators&
     std::string_view s = text.substr(b, e - b);
     auto digit = [](char c) { return c >= '0' && c <= '9'; };
 
+    // The number is rewritten in from_chars' own form, "[-]digits[.digits]e[-]digits", without
+    // grouping; it is never longer than the text plus a zero, the exponent letter and a
+    // saturated exponent, so it fits on the stack unless the text is unusually long.
+    char small[256];
+    std::string large;
+    char* out = small;
+    if (s.size() + 16 > sizeof small) {
+        large.resize(s.size() + 16);
+        out = large.data();
+    }
+    size_t n = 0;
+
     size_t i = 0;
     bool negative = false;
     if (i < s.size() && (s[i] == '+' || s[i] == '-')) negative = s[i++] == '-';
+    if (negative) out[n++] = '-';
 
     auto at = [&s](size_t pos, std::string_view mark) {
         return !mark.empty() && s.substr(pos).starts_with(mark);
     };
-    std::string intDigits;
+    const size_t intStart = n;
     while (i < s.size() && digit(s[i])) {
-        intDigits.push_back(s[i++]);
-        if (at(i, group) && i + group.size() < s.size() && digit(s[i + group.size()]))
+        out[n++] = s[i++];
+        // A separator is looked for only where the digits stop.
+        if (i < s.size() && !digit(s[i]) && at(i, group) && i + group.size() < s.size() &&
+            digit(s[i + group.size()]))
             i += group.size();
     }
-    std::string fracDigits;
-    if (at(i, decimal))
-        for (i += decimal.size(); i < s.size() && digit(s[i]); ++i) fracDigits.push_back(s[i]);
+    const std::string_view intDigits(out + intStart, n - intStart);
+    if (intDigits.empty()) out[n++] = '0';
+    std::string_view fracDigits;
+    if (at(i, decimal)) {
+        const size_t point = n++;
+        out[point] = '.';
+        for (i += decimal.size(); i < s.size() && digit(s[i]); ++i) out[n++] = s[i];
+        fracDigits = std::string_view(out + point + 1, n - point - 1);
+        if (fracDigits.empty()) n = point;  // a point without digits is not written
+    }
     if (intDigits.empty() && fracDigits.empty()) return std::nullopt;
 
     long exp = 0;
@@ -219,14 +242,11 @@ std::optional<double> ParseNumber(std::string_view text, const NumberSeparators&
     }
     if (i != s.size()) return std::nullopt;
 
-    std::string canonical = negative ? "-" : "";
-    canonical += intDigits.empty() ? "0" : intDigits;
-    if (!fracDigits.empty()) canonical += "." + fracDigits;
-    canonical += "e" + std::to_string(exp);
+    out[n++] = 'e';
+    n = static_cast<size_t>(std::to_chars(out + n, out + n + 8, exp).ptr - out);
 
     double value = 0;
-    auto res = std::from_chars(canonical.data(), canonical.data() + canonical.size(), value,
-                               std::chars_format::general);
+    auto res = std::from_chars(out, out + n, value, std::chars_format::general);
     if (res.ec == std::errc::result_out_of_range) {
         // Tell overflow from underflow by the decimal order of the first significant digit.
         size_t nz = intDigits.find_first_not_of('0');

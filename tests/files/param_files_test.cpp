@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "../common/StoreMembers.h"
+#include "AnsiText.h"
 #include "FileTestSupport.h"
 #include "LineForm.h"
 #include "ModCalcValue.h"
@@ -198,6 +199,58 @@ TEST_F(ParamFileTest, LiquidFilePassesThroughThePressureState) {
     EXPECT_EQ(back.UI.at(834), Value("283.5,3.001"));
     // The read failed, so nothing was distributed.
     EXPECT_EQ(back.UI_FluidName, "before");
+}
+
+// The text with its CR LF line ends replaced.
+std::string WithLineEnds(std::string text, const std::string& end) {
+    std::string out;
+    for (std::size_t at; (at = text.find("\r\n")) != std::string::npos;) {
+        out += text.substr(0, at) + end;
+        text.erase(0, at + 2);
+    }
+    return out + text;
+}
+
+TEST_F(ParamFileTest, FilesOnDiskReadBackWithAnyLineEnd) {
+    // Catches code page text read as UTF-8 or converted twice, a comma in a name that moves
+    // the cells after it, numbers that lose digits on the way, and files with LF or CR line
+    // ends (or none after the last line) read differently.
+    FillGas(2, 2);
+    store.UI_PEName = "Blende “Ø 50, DIN” – 3 €";
+    store.UI_FluidName = "Ethan, rein";
+    const double values[] = {0.1, 1.0 / 3.0, -2.5e-7, 5e-324, 1.7976931348623157e308};
+    for (int i = 0; i < 4; ++i) store.UI_Dens[i] = values[i + 1];
+    store.UI_PEDiameter = values[0];
+    for (int i = 0; i < 5; ++i) store.Xmtr_DensCoeff[i] = values[i];
+    store.Xmtr_Reserve21 = "Ø, €";
+    const std::string ui = Utf8ToAnsi(UIFileText(store));
+    const std::string xmtr = Utf8ToAnsi(XmtrFileText(store));
+    ASSERT_NE(ui.find("\"Blende \x93\xD8 50, DIN\x94 \x96 3 \x80\""), std::string::npos);
+
+    for (const std::string end : {"\r\n", "\n", "\r"}) {
+        for (const bool lastEnd : {true, false}) {
+            const auto form = [&](const std::string& text) {
+                const std::string t = WithLineEnds(text, end);
+                return lastEnd ? t : t.substr(0, t.size() - end.size());
+            };
+            const std::string shown = testing::PrintToString(end) + (lastEnd ? "" : " cut");
+            clsExGlobalVars back;
+            InitializeDefaults(back);
+            back.Mgt_GasDensPressDiv = 2;
+            back.Mgt_GasDensTempDiv = 2;
+            ASSERT_EQ(ImportUIText(back, form(ui)), 0) << shown;
+            EXPECT_EQ(back.UI_PEName, store.UI_PEName) << shown;
+            EXPECT_EQ(back.UI_FluidName, store.UI_FluidName) << shown;
+            EXPECT_EQ(back.UI_PEDiameter, store.UI_PEDiameter) << shown;
+            for (int i = 0; i < 4; ++i) EXPECT_EQ(back.UI_Dens[i], store.UI_Dens[i]) << shown;
+            EXPECT_EQ(back.UI_Reserve30, 30.5) << shown;
+
+            ASSERT_EQ(ImportXmtrText(back, form(xmtr)), 0) << shown;
+            for (int i = 0; i < 5; ++i)
+                EXPECT_EQ(back.Xmtr_DensCoeff[i], store.Xmtr_DensCoeff[i]) << shown;
+            EXPECT_EQ(back.Xmtr_Reserve21, "\"Ø, €\"") << shown;
+        }
+    }
 }
 
 TEST_F(ParamFileTest, UIRowsAreFoundByPositionOnly) {

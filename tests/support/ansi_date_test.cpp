@@ -28,6 +28,23 @@ TEST(AnsiText, EveryByteSurvivesTheRoundTrip) {
     EXPECT_EQ(qdf::Utf8ToAnsi(qdf::AnsiToUtf8(all)), all);
 }
 
+TEST(AnsiText, CodePageByteAnywhereInALongText) {
+    // Catches a code page byte missed by the plain ASCII scan when it is not the first of its
+    // group of eight, and the text on either side of it lost or duplicated.
+    for (std::size_t at = 0; at < 20; ++at) {
+        std::string ansi(20, 'a');
+        ansi[at] = '\x80';
+        const std::string utf8 = std::string(at, 'a') + "€" + std::string(19 - at, 'a');
+        std::string buffer;
+        EXPECT_EQ(qdf::AnsiAsUtf8(ansi, buffer), utf8) << at;
+        EXPECT_EQ(qdf::AnsiToUtf8(ansi), utf8) << at;
+        EXPECT_EQ(qdf::Utf8ToAnsi(utf8), ansi) << at;
+    }
+    std::string buffer = "old";
+    EXPECT_EQ(qdf::AnsiAsUtf8("plain text, longer than eight", buffer),
+              "plain text, longer than eight");
+}
+
 TEST(AnsiText, UnwritableAndMalformedTextBecomesQuestionMarks) {
     // Catches characters dropped or truncated to a wrong byte, and malformed input read past its
     // end or decoded to a character.

@@ -78,6 +78,23 @@ TEST(ParseNumber, RefusedTexts) {
     }
 }
 
+TEST(ParseNumber, LongTexts) {
+    // Catches a long number cut to a fixed buffer (digits lost, a value changed), and an
+    // overflow taken for an underflow or the other way round.
+    const std::string zeros(300, '0');
+    EXPECT_EQ(qdf::ParseNumber("1" + zeros + "e-300"), 1.0);
+    EXPECT_EQ(qdf::ParseNumber(" 0." + zeros + "25e302\t"), 25.0);
+    EXPECT_EQ(qdf::ParseNumber("-" + std::string(400, '9')), std::nullopt);
+    EXPECT_EQ(qdf::ParseNumber("0." + std::string(400, '0') + "1"), 0.0);
+    EXPECT_EQ(qdf::ParseNumber("1" + zeros + "x"), std::nullopt);
+    std::string grouped = "1";
+    for (int i = 0; i < 100; ++i) grouped += ",000";
+    EXPECT_EQ(qdf::ParseNumber(grouped), 1e300);
+    std::string dotted = "+1";
+    for (int i = 0; i < 100; ++i) dotted += ".000";
+    EXPECT_EQ(qdf::ParseNumber(dotted + ",5", qdf::NumberSeparators{",", "."}), 1e300);
+}
+
 TEST(ParseNumber, ReadsBackWhatTheFormatsWrite) {
     // Catches a format whose text the numeric test refuses ("5.", exponents), which would break
     // rounding through text.
