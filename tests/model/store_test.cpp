@@ -191,25 +191,6 @@ TEST(PropertyBagRoundTrip, MissingAndUnreadableKeysLeaveMembersAlone) {
     EXPECT_EQ(s.Xmtr_LenUnitCode, 45);
 }
 
-TEST(PropertyBagBytes, DamagedBlocksAreRejected) {
-    // Catches a reader that accepts, or reads past, a truncated or altered block.
-    PropertyBag bag;
-    bag.WriteProperty("m_a", Value(1.5));
-    bag.WriteProperty("m_b", Value("xyz"));
-    bag.WriteProperty("m_c", Value(std::vector<std::string>{"1:a", "2:b"}));
-    bag.WriteProperty("m_d", Value(true));
-    const auto bytes = bag.Contents();
-    ASSERT_TRUE(PropertyBag::FromBytes(bytes));
-    for (std::size_t n = 0; n < bytes.size(); ++n)
-        EXPECT_FALSE(PropertyBag::FromBytes({bytes.begin(), bytes.begin() + n})) << n;
-    auto longer = bytes;
-    longer.push_back(0);
-    EXPECT_FALSE(PropertyBag::FromBytes(longer));
-    auto badMagic = bytes;
-    badMagic[0] = 'X';
-    EXPECT_FALSE(PropertyBag::FromBytes(badMagic));
-}
-
 TEST(StoreArrays, IndexesBeyondTheBoundsFail) {
     // Catches clipping or unchecked access at the fixed bounds, including the spare top elements.
     clsExGlobalVars s;
