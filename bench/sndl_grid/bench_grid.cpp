@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "../sndl_iapws/water_cases.h"
 #include "gerg_pure.hpp"
 #include "sndl/dippr_catalogue.hpp"
 #include "sndl/sndl_aga.h"
@@ -201,29 +202,9 @@ void BM_Mix(benchmark::State& state) {
     }
 }
 
-constexpr Point kRegion1[] = {{300, 1e6}, {350, 5e6}, {400, 20e6}, {500, 50e6}};
-constexpr Point kRegion2[] = {{400, 1e5}, {500, 1e6}, {700, 10e6}, {900, 50e6}};
-
-template <int32_t (*Op)(double, double, double*), const Point (&Points)[4]>
-void BM_Water(benchmark::State& state) {
-    double v = 0.0;
-    int i = 0;
-    for (auto _ : state) {
-        const Point& pt = Points[i++ & 3];
-        benchmark::DoNotOptimize(Op(pt.T, pt.P, &v));
-        benchmark::DoNotOptimize(v);
-    }
-}
-
-void BM_IapwsTs(benchmark::State& state) {
-    constexpr double kP[] = {1e3, 1e5, 1e6, 20e6};
-    double T = 0.0;
-    int i = 0;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(IapwsTs(kP[i++ & 3], &T));
-        benchmark::DoNotOptimize(T);
-    }
-}
+using water::BM_IapwsTs;
+using water::kRegion1;
+using water::kRegion2;
 
 constexpr const char* kReference = "AgaDtlVdnMw/new_gas";
 
@@ -266,11 +247,11 @@ void Register() {
     Add("DprMixVdn/21", BM_MixVdn);
     Add("DprMixIcp/21", BM_Mix<DprMixIcp>);
     Add("DprMixVvs/21", BM_Mix<DprMixVvs>);
-    Add("IapwsVdnw", BM_Water<IapwsVdnw, kRegion2>);
-    Add("IapwsLdnw", BM_Water<IapwsLdnw, kRegion1>);
-    Add("IapwsVvs", BM_Water<IapwsVvs, kRegion2>);
-    Add("IapwsLvs", BM_Water<IapwsLvs, kRegion1>);
-    Add("IapwsVkap", BM_Water<IapwsVkap, kRegion2>);
+    Add("IapwsVdnw", water::BM_Op<IapwsVdnw, kRegion2>);
+    Add("IapwsLdnw", water::BM_Op<IapwsLdnw, kRegion1>);
+    Add("IapwsVvs", water::BM_Op<IapwsVvs, kRegion2>);
+    Add("IapwsLvs", water::BM_Op<IapwsLvs, kRegion1>);
+    Add("IapwsVkap", water::BM_Op<IapwsVkap, kRegion2>);
     Add("IapwsTs", BM_IapwsTs);
 }
 
